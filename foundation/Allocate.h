@@ -1,0 +1,58 @@
+// The memory blocks of String and ByteString and the arithmetic of their lengths. Lengths are 32 bits wide; no sum of
+// lengths wraps. An allocation that fails throws std::bad_alloc, as `new` does.
+#pragma once
+
+#include <cstdint>
+#include <cstring>
+#include <functional>
+
+constexpr unsigned int MaximumLength = UINT32_MAX;
+
+constexpr unsigned int MIN(unsigned int a, unsigned int b) { return a < b ? a : b; }
+
+// a + b; throws std::length_error when the sum passes MaximumLength.
+unsigned int AddLengths(unsigned int a, unsigned int b);
+
+// The capacity of a block that has to grow to `needed` bytes: the old capacity on top of it, at most MaximumLength.
+constexpr unsigned int GrownCapacity(unsigned int needed, unsigned int oldCapacity)
+{
+  return needed + MIN(oldCapacity, MaximumLength - needed);
+}
+
+// Copies n bytes; the two ranges may overlap, and null pointers are allowed when n is 0.
+template <class Byte>
+void MoveBytes(Byte* to, const Byte* from, unsigned int n)
+{
+  if (n != 0) std::memmove(to, from, n);
+}
+
+// True when p points into the block of `size` bytes; std::less orders pointers into different blocks too.
+template <class Byte>
+bool PointsInto(const Byte* p, const Byte* block, unsigned int size)
+{
+  return !std::less<>()(p, block) && std::less<>()(p, block + size);
+}
+
+// A new array of n bytes, contents undefined, to be freed with DeAllocate. Byte is char or unsigned char.
+template <class Byte = char>
+[[nodiscard]] Byte* Allocate(unsigned int n)
+{
+  return new Byte[n];
+}
+
+// Frees the array; null is allowed.
+template <class Byte>
+void DeAllocate(Byte* p)
+{
+  delete[] p;
+}
+
+// A new array of newSize bytes that begins with the first oldSize bytes of p; p, which may be null, is freed.
+template <class Byte>
+[[nodiscard]] Byte* ReAllocate(Byte* p, unsigned int oldSize, unsigned int newSize)
+{
+  Byte* block = Allocate<Byte>(newSize);
+  if (p != nullptr) MoveBytes(block, p, MIN(oldSize, newSize));
+  DeAllocate(p);
+  return block;
+}

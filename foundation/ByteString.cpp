@@ -1,0 +1,293 @@
+#include "foundation/ByteString.h"
+
+#include <cctype>
+#include <cstring>
+
+#include "foundation/Allocate.h"
+#include "foundation/Assertion.h"
+#include "foundation/PreAllocatedString.h"
+
+namespace {
+
+void AssertByte(unsigned int n, unsigned int length, const char* function, unsigned int line = __builtin_LINE())
+{
+  Assert(n < length, "n < len", "ByteString", function, line);
+}
+
+void AssertByteNumber(unsigned int byteNumber, unsigned int length, const char* function,
+                      unsigned int line = __builtin_LINE())
+{
+  Assert(byteNumber < length, "byteNumber < len", "ByteString", function, line);
+}
+
+void AssertPosition(unsigned int position, unsigned int length, const char* function,
+                    unsigned int line = __builtin_LINE())
+{
+  Assert(position <= length, "position <= len", "ByteString", function, line);
+}
+
+// The distance of nibble n's lowest bit from the lowest of its byte.
+unsigned int NibbleShift(unsigned int n) { return n % 2 == 0 ? 4 : 0; }
+
+unsigned char BitMask(unsigned int n) { return static_cast<unsigned char>(0x80U >> (n % 8)); }
+
+boolean IsDigit(char ch, unsigned int base)
+{
+  return base == 2 ? isbdigit(ch) : std::isxdigit(static_cast<unsigned char>(ch)) != 0;
+}
+
+// Appends the bytes that the digits of the text spell to `out`; false at the first character that is not a digit of
+// the base, with the bytes before it appended.
+boolean FromString(const String& text, ByteString& out, unsigned int base, unsigned int bitsPerDigit, boolean padLeft)
+{
+  const unsigned int digitsPerByte = 8 / bitsPerDigit;
+  const unsigned int rest = text.length() % digitsPerByte;
+  // Zeros in front are the same as beginning in the middle of the first byte.
+  unsigned int place = padLeft && rest != 0 ? digitsPerByte - rest : 0;
+  unsigned int byte = 0;
+  for (unsigned int i = 0; i < text.length(); i++) {
+    if (!IsDigit(text[i], base)) return false;
+    byte |= static_cast<unsigned int>(Value(text[i])) << (8 - bitsPerDigit * (place + 1));
+    if (++place == digitsPerByte || i + 1 == text.length()) {
+      out += static_cast<unsigned char>(byte);
+      place = 0;
+      byte = 0;
+    }
+  }
+  return true;
+}
+
+}  // namespace
+
+ByteString::ByteString(unsigned int n, unsigned char fill)
+{
+  extend(n);
+  init(fill);
+}
+
+ByteString::ByteString(const ByteString& b) : ByteString(b.buffer, b.len) {}
+
+ByteString::ByteString(const ByteString& b, unsigned int n) : ByteString(b.buffer, MIN(n, b.len)) {}
+
+ByteString::ByteString(const char* p, unsigned int n) : ByteString(reinterpret_cast<const unsigned char*>(p), n) {}
+
+ByteString::ByteString(const unsigned char* p, unsigned int n) { MoveBytes(extend(n), p, n); }
+
+ByteString::~ByteString() { DeAllocate(buffer); }
+
+ByteString& ByteString::operator=(const ByteString& b)
+{
+  if (b.buffer == buffer) return *this;
+  if (b.len > capacity) {
+    unsigned char* block = Allocate<unsigned char>(b.len);
+    DeAllocate(buffer);
+    buffer = block;
+    capacity = b.len;
+  }
+  len = b.len;
+  MoveBytes(buffer, b.buffer, len);
+  return *this;
+}
+
+void ByteString::init(unsigned char fill)
+{
+  if (len != 0) std::memset(buffer, fill, len);
+}
+
+void ByteString::setNthByte(unsigned int n, unsigned char value)
+{
+  AssertByte(n, len, "void ByteString::setNthByte (unsigned int, unsigned char)");
+  buffer[n] = value;
+}
+
+unsigned char ByteString::getNthByte(unsigned int n) const
+{
+  AssertByte(n, len, "unsigned char ByteString::getNthByte (unsigned int) const");
+  return buffer[n];
+}
+
+unsigned char& ByteString::operator[](unsigned int n)
+{
+  AssertByte(n, len, "unsigned char &ByteString::operator[] (unsigned int)");
+  return buffer[n];
+}
+
+unsigned char ByteString::operator[](unsigned int n) const
+{
+  AssertByte(n, len, "unsigned char ByteString::operator[] (unsigned int) const");
+  return buffer[n];
+}
+
+void ByteString::setNthNibble(unsigned int n, unsigned char value)
+{
+  AssertByteNumber(n / 2, len, "void ByteString::setNthNibble (unsigned int, unsigned char)");
+  const unsigned int kept = buffer[n / 2] & (0xF0U >> NibbleShift(n));
+  buffer[n / 2] = static_cast<unsigned char>(kept | (value & 0x0FU) << NibbleShift(n));
+}
+
+unsigned char ByteString::getNthNibble(unsigned int n) const
+{
+  AssertByteNumber(n / 2, len, "unsigned char ByteString::getNthNibble (unsigned int) const");
+  return (buffer[n / 2] >> NibbleShift(n)) & 0x0F;
+}
+
+void ByteString::setNthBit(unsigned int n, boolean value)
+{
+  AssertByteNumber(n / 8, len, "void ByteString::setNthBit (unsigned int, boolean)");
+  const unsigned int others = buffer[n / 8] & ~static_cast<unsigned int>(BitMask(n));
+  buffer[n / 8] = static_cast<unsigned char>(value ? others | BitMask(n) : others);
+}
+
+boolean ByteString::getNthBit(unsigned int n) const
+{
+  AssertByteNumber(n / 8, len, "boolean ByteString::getNthBit (unsigned int) const");
+  return (buffer[n / 8] & BitMask(n)) != 0;
+}
+
+ByteString& ByteString::remove(unsigned int position, unsigned int count)
+{
+  if (position >= len) return *this;
+  const unsigned int removed = MIN(count, len - position);
+  MoveBytes(buffer + position, buffer + position + removed, len - position - removed);
+  len -= removed;
+  return *this;
+}
+
+ByteString& ByteString::insert(unsigned int position, const ByteString& b)
+{
+  AssertPosition(position, len, "ByteString &ByteString::insert (unsigned int, const ByteString &)");
+  if (&b == this) return insert(position, ByteString(b));
+  return insertBytes(position, b.buffer, b.len);
+}
+
+ByteString& ByteString::insert(unsigned int position, unsigned char byte)
+{
+  AssertPosition(position, len, "ByteString &ByteString::insert (unsigned int, unsigned char)");
+  return insertBytes(position, &byte, 1);
+}
+
+ByteString& ByteString::insertBytes(unsigned int position, const unsigned char* p, unsigned int n)
+{
+  const unsigned int tail = len - position;
+  extend(n);
+  MoveBytes(buffer + position + n, buffer + position, tail);
+  MoveBytes(buffer + position, p, n);
+  return *this;
+}
+
+ByteString& ByteString::replace(unsigned int position, unsigned int count, const ByteString& b)
+{
+  AssertPosition(position, len, "ByteString &ByteString::replace (unsigned int, unsigned int, const ByteString &)");
+  if (&b == this) return replace(position, count, ByteString(b));
+  return replaceBytes(position, count, b.buffer, b.len);
+}
+
+ByteString& ByteString::replace(unsigned int position, unsigned int count, unsigned char byte)
+{
+  AssertPosition(position, len, "ByteString &ByteString::replace (unsigned int, unsigned int, unsigned char)");
+  return replaceBytes(position, count, &byte, 1);
+}
+
+ByteString& ByteString::replaceBytes(unsigned int position, unsigned int count, const unsigned char* p, unsigned int n)
+{
+  const unsigned int replaced = MIN(count, len - position);
+  if (replaced < n) return remove(position, replaced).insertBytes(position, p, n);
+  MoveBytes(buffer + position, p, n);
+  return remove(position + n, replaced - n);
+}
+
+ByteString& ByteString::operator+=(const ByteString& b)
+{
+  const unsigned int added = b.len;
+  unsigned char* end = extend(added);
+  MoveBytes(end, b.buffer, added);
+  return *this;
+}
+
+ByteString& ByteString::operator+=(unsigned char byte)
+{
+  *extend(1) = byte;
+  return *this;
+}
+
+void ByteString::reSize(unsigned int n)
+{
+  if (n <= capacity) return;
+  const unsigned int grown = GrownCapacity(n, capacity);
+  buffer = ReAllocate(buffer, capacity, grown);
+  capacity = grown;
+}
+
+unsigned char* ByteString::extend(unsigned int n)
+{
+  const unsigned int start = len;
+  reSize(AddLengths(len, n));
+  len += n;
+  return buffer + start;
+}
+
+ByteString ByteString::operator()(unsigned int start, unsigned int count) const
+{
+  if (start >= len) return ByteString();
+  return ByteString(buffer + start, MIN(count, len - start));
+}
+
+boolean ByteString::equal(const ByteString& b) const
+{
+  return len == b.len && (len == 0 || std::memcmp(buffer, b.buffer, len) == 0);
+}
+
+String ByteString::toHexString() const
+{
+  PreAllocatedString text(AddLengths(len, len));
+  for (unsigned int i = 0; i < len; i++) {
+    text += hexDigit[buffer[i] >> 4];
+    text += hexDigit[buffer[i] & 0x0F];
+  }
+  return text;
+}
+
+String ByteString::toBinaryString() const
+{
+  const unsigned int four = AddLengths(AddLengths(len, len), AddLengths(len, len));
+  PreAllocatedString text(AddLengths(four, four));
+  for (unsigned int i = 0; i < len; i++) {
+    for (unsigned int bit = 0; bit < 8; bit++) text += booleanDigit[(buffer[i] & BitMask(bit)) != 0 ? 1 : 0];
+  }
+  return text;
+}
+
+ByteString ByteString::FromHexString(const String& text, boolean padLeft)
+{
+  ByteString bytes;
+  bytes.reSize(text.length() / 2 + text.length() % 2);
+  return FromString(text, bytes, 16, 4, padLeft) ? bytes : ByteString();
+}
+
+ByteString ByteString::FromBinaryString(const String& text, boolean padLeft)
+{
+  ByteString bytes;
+  bytes.reSize(text.length() / 8 + (text.length() % 8 != 0 ? 1 : 0));
+  return FromString(text, bytes, 2, 1, padLeft) ? bytes : ByteString();
+}
+
+ByteString operator+(const ByteString& a, const ByteString& b)
+{
+  ByteString joined;
+  joined.reSize(AddLengths(a.length(), b.length()));
+  joined += a;
+  joined += b;
+  return joined;
+}
+
+ByteString operator+(const ByteString& a, unsigned char b) { return a + ByteString(&b, 1); }
+
+ByteString operator+(unsigned char a, const ByteString& b) { return ByteString(&a, 1) + b; }
+
+boolean isbdigit(char ch) { return ch == '0' || ch == '1'; }
+
+unsigned char Value(char ch)
+{
+  if (ch >= '0' && ch <= '9') return static_cast<unsigned char>(ch - '0');
+  return static_cast<unsigned char>(std::tolower(static_cast<unsigned char>(ch)) - 'a' + 10);
+}

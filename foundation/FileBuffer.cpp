@@ -1,0 +1,174 @@
+#include "foundation/FileBuffer.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <system_error>
+
+namespace {
+
+constexpr mode_t createdFilePermissions = 0664;
+
+// What open(2) takes for the mode bits, as the standard's file streams read them.
+int OpenFlags(int mode)
+{
+  const boolean reads = (mode & std::ios_base::in) != 0;
+  const boolean appends = (mode & std::ios_base::app) != 0;
+  const boolean writes = appends || (mode & std::ios_base::out) != 0;
+  if (!writes) return O_RDONLY | O_CLOEXEC;
+  const int access = (reads ? O_RDWR : O_WRONLY) | O_CLOEXEC;
+  if (appends) return access | O_CREAT | O_APPEND;
+  const boolean truncates = !reads || (mode & std::ios_base::trunc) != 0;
+  return truncates ? access | O_CREAT | O_TRUNC : access;
+}
+
+boolean HoldsNul(const String& name) { return std::strlen(name) != name.length(); }
+
+}  // namespace
+
+FileDescriptor::FileDescriptor(const String& name, int flags) : number(-1)
+{
+  if (HoldsNul(name)) return;
+  do {
+    number = ::open(name, flags, createdFilePermissions);
+  } while (number < 0 && errno == EINTR);
+}
+
+FileDescriptor::~FileDescriptor()
+{
+  if (isOpen()) ::close(number);
+}
+
+std::streamsize FileDescriptor::read(char* p, std::streamsize n) const
+{
+  ssize_t got = 0;
+  do {
+    got = ::read(number, p, static_cast<std::size_t>(n));
+  } while (got < 0 && errno == EINTR);
+  if (got < 0) throw std::system_error(errno, std::generic_category());
+  return got;
+}
+
+std::streamsize FileDescriptor::write(const char* p, std::streamsize n) const
+{
+  std::streamsize written = 0;
+  while (written < n) {
+    const ssize_t step = ::write(number, p + written, static_cast<std::size_t>(n - written));
+    if (step > 0) {
+      written += step;
+    } else if (step == 0 || errno != EINTR) {
+      break;
+    }
+  }
+  return written;
+}
+
+off_t FileDescriptor::seek(off_t offset, int whence) const { return ::lseek(number, offset, whence); }
+
+off_t FileDescriptor::size() const
+{
+  struct stat status;
+  if (!isOpen()) return -1;
+  if (::fstat(number, &status) != 0) return 0;
+  if (S_ISDIR(status.st_mode)) return -1;
+  return S_ISREG(status.st_mode) ? status.st_size : 0;
+}
+
+FileReadBuffer::FileReadBuffer(const String& name, int mode)
+    : file(name, OpenFlags(mode | std::ios_base::in)), fileSize(file.size())
+{
+  if (isReadable() && (mode & std::ios_base::ate) != 0) readEnd = file.seek(0, SEEK_END);
+}
+
+FileReadBuffer::int_type FileReadBuffer::underflow()
+{
+  if (gptr() == egptr()) {
+    const std::streamsize got = file.read(block.data(), static_cast<std::streamsize>(block.size()));
+    readEnd += got;
+    setg(block.data(), block.data(), block.data() + got);
+    if (got == 0) return traits_type::eof();
+  }
+  return traits_type::to_int_type(*gptr());
+}
+
+std::streamsize FileReadBuffer::xsgetn(char* p, std::streamsize n)
+{
+  std::streamsize got = 0;
+  while (got < n) {
+    const std::streamsize wanted = n - got;
+    if (gptr() == egptr() && wanted >= static_cast<std::streamsize>(block.size())) {
+      const std::streamsize step = file.read(p + got, wanted);
+      if (step == 0) break;
+      readEnd += step;
+      got += step;
+    } else {
+      if (traits_type::eq_int_type(underflow(), traits_type::eof())) break;
+      const std::streamsize step = std::min<std::streamsize>(wanted, egptr() - gptr());
+      std::memcpy(p + got, gptr(), static_cast<std::size_t>(step));
+      gbump(static_cast<int>(step));
+      got += step;
+    }
+  }
+  return got;
+}
+
+std::streamsize FileReadBuffer::showmanyc() { return fileSize > readEnd ? fileSize - readEnd : 0; }
+
+FileReadBuffer::pos_type FileReadBuffer::seekoff(off_type offset, std::ios_base::seekdir from, std::ios_base::openmode)
+{
+  const off_t buffered = egptr() - gptr();
+  if (from == std::ios_base::cur && offset == 0) {  // where the reader is; pipes have no position to ask for
+    return isReadable() ? pos_type(readEnd - buffered) : pos_type(off_type(-1));
+  }
+  const off_t target = from == std::ios_base::cur ? readEnd - buffered + offset : offset;
+  const off_t reached = file.seek(target, from == std::ios_base::end ? SEEK_END : SEEK_SET);
+  if (reached < 0) return pos_type(off_type(-1));
+  readEnd = reached;
+  setg(block.data(), block.data(), block.data());
+  return pos_type(reached);
+}
+
+FileReadBuffer::pos_type FileReadBuffer::seekpos(pos_type position, std::ios_base::openmode which)
+{
+  return seekoff(off_type(position), std::ios_base::beg, which);
+}
+
+FileWriteBuffer::FileWriteBuffer(const String& name, int mode) : file(name, OpenFlags(mode | std::ios_base::out))
+{
+  if ((mode & std::ios_base::ate) != 0) file.seek(0, SEEK_END);
+  setp(block.data(), block.data() + block.size());
+}
+
+FileWriteBuffer::~FileWriteBuffer() { FileWriteBuffer::sync(); }
+
+FileWriteBuffer::int_type FileWriteBuffer::overflow(int_type ch)
+{
+  if (FileWriteBuffer::sync() != 0) return traits_type::eof();
+  if (!traits_type::eq_int_type(ch, traits_type::eof())) {
+    *pptr() = traits_type::to_char_type(ch);
+    pbump(1);
+  }
+  return traits_type::not_eof(ch);
+}
+
+std::streamsize FileWriteBuffer::xsputn(const char* p, std::streamsize n)
+{
+  if (n > epptr() - pptr() && FileWriteBuffer::sync() != 0) return 0;
+  if (n > epptr() - pptr()) return file.write(p, n);
+  std::memcpy(pptr(), p, static_cast<std::size_t>(n));
+  pbump(static_cast<int>(n));
+  return n;
+}
+
+// What the file refused is gone: the failure is reported once, and not again when the file closes.
+int FileWriteBuffer::sync()
+{
+  const std::streamsize held = pptr() - pbase();
+  const std::streamsize written = held != 0 ? file.write(pbase(), held) : 0;
+  setp(block.data(), block.data() + block.size());
+  return written == held ? 0 : -1;
+}

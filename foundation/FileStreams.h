@@ -1,0 +1,24 @@
+// Streams over a file that they open, own and close. Opening never throws: a file that does not open leaves the stream
+// in failure. `mode` are the bits of std::ios_base::openmode; the constructors with a text fix the mode, and the text
+// takes no part.
+#pragma once
+
+#include "foundation/FileName.h"
+#include "foundation/ReadStream.h"
+#include "foundation/WriteStream.h"
+
+// A file that the open creates gets the permissions 0664, less the process's umask.
+class WriteFileStream : public WriteStream {
+ public:
+  WriteFileStream(const FileName& name, int mode);
+  WriteFileStream(const FileName& name, const String& text);
+  ~WriteFileStream() override;
+};
+
+// In failure too when the name is not valid or is a directory's.
+class ReadFileStream : public ReadStream {
+ public:
+  ReadFileStream(const FileName& name, int mode);
+  ReadFileStream(const FileName& name, const String& text);
+  ~ReadFileStream() override;
+};

@@ -1,0 +1,86 @@
+#include "foundation/ReadStream.h"
+
+#include <algorithm>
+#include <new>
+
+#include "foundation/Allocate.h"
+
+int ReadStream::getChar() { return stream->get(); }
+
+int ReadStream::peekChar() const { return stream->peek(); }
+
+void ReadStream::read(unsigned char* p, unsigned int n) { stream->read(reinterpret_cast<char*>(p), n); }
+
+void ReadStream::getString(String& s, unsigned int n) { s.get(*stream, n); }
+
+void ReadStream::getLine(String& s, char delimiter) { s.getLine(*stream, delimiter); }
+
+ReadStream& ReadStream::operator>>(String& s)
+{
+  getLine(s, '\n');
+  return *this;
+}
+
+ReadStream& ReadStream::getByteString(ByteString& b, unsigned int n)
+{
+  b.clear();
+  appendBytes(b, n);
+  return *this;
+}
+
+ReadStream& ReadStream::getByteString(ByteString& b)
+{
+  b.clear();
+  return appendByteString(b);
+}
+
+ReadStream& ReadStream::appendByteString(ByteString& b)
+{
+  appendBytes(b, MaximumLength - b.length());
+  if (!endOfFile()) setFailure();
+  return *this;
+}
+
+// Reads straight into the byte string. What the input says to hold still is made room for at once and read in one
+// piece; without a word from it, 256 bytes at a time.
+void ReadStream::appendBytes(ByteString& b, unsigned int most)
+{
+  constexpr unsigned int step = 256;
+  unsigned int wanted = most;
+  while (wanted > 0) {
+    const std::streamsize available = stream->good() ? stream->rdbuf()->in_avail() : 0;
+    if (available > MaximumLength - b.length()) return setFailure();
+    if (available <= 0 && endOfFile()) return;
+    const unsigned int piece = std::min(wanted, std::max(static_cast<unsigned int>(available), step));
+    try {
+      unsigned char* room = b.extend(piece);
+      read(room, piece);
+    } catch (const std::bad_alloc&) {
+      stream->setstate(std::ios_base::badbit);
+      return;
+    }
+    const auto got = static_cast<unsigned int>(stream->gcount());
+    b.remove(b.length() - (piece - got), piece - got);
+    if (stream->eof() && !stream->bad()) clearFailure();
+    wanted -= got;
+  }
+}
+
+void ReadStream::setOffset(unsigned long offset)
+{
+  const std::streamoff target = Low32(offset);
+  if (stream->rdbuf()->pubseekpos(target, std::ios_base::in) != std::streampos(target)) setFailure();
+  stream->clear(stream->rdstate() & ~std::ios_base::eofbit);
+}
+
+unsigned long ReadStream::getOffset() const
+{
+  const std::streamoff position = stream->rdbuf()->pubseekoff(0, std::ios_base::cur, std::ios_base::in);
+  return Low32(static_cast<unsigned long>(position));
+}
+
+boolean ReadStream::endOfFile() const { return stream->eof() || stream->peek() == std::char_traits<char>::eof(); }
+
+void ReadStream::setFailure() { stream->setstate(std::ios_base::failbit); }
+
+void ReadStream::clearFailure() { stream->clear(stream->rdstate() & std::ios_base::eofbit); }

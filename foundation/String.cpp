@@ -1,0 +1,465 @@
+#include "foundation/String.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <istream>
+#include <ostream>
+#include <stdexcept>
+#include <utility>
+
+#include "foundation/Allocate.h"
+#include "foundation/Assertion.h"
+#include "foundation/PreAllocatedString.h"
+
+namespace {
+
+constexpr unsigned int lineChunk = 128;  // characters that getLine takes from the stream at a time
+
+unsigned int TextLength(const char* text)
+{
+  const std::size_t length = std::strlen(text);
+  if (length > MaximumLength) throw std::length_error("more than 4294967295 characters");
+  return static_cast<unsigned int>(length);
+}
+
+unsigned char Byte(char ch) { return static_cast<unsigned char>(ch); }
+
+void AssertIndex(unsigned int index, unsigned int length, const char* function, unsigned int line = __builtin_LINE())
+{
+  Assert(index < length, "index < len", "String", function, line);
+}
+
+void AssertPosition(unsigned int position, unsigned int length, const char* function,
+                    unsigned int line = __builtin_LINE())
+{
+  Assert(position <= length, "position <= len", "String", function, line);
+}
+
+String Joined(const char* a, unsigned int aLength, const char* b, unsigned int bLength)
+{
+  PreAllocatedString joined(AddLengths(aLength, bLength));
+  joined.append(a, aLength).append(b, bLength);
+  return joined;
+}
+
+}  // namespace
+
+String::String() : String("", 0) {}
+
+String::String(unsigned int n) : buffer(Allocate(AddLengths(n, 1))), len(0), capacity(n + 1) { buffer[0] = '\0'; }
+
+String::String(const char* s) : String(s, TextLength(s)) {}
+
+String::String(const char* p, unsigned int n) : String(n)
+{
+  MoveBytes(buffer, p, n);
+  len = n;
+  buffer[len] = '\0';
+}
+
+String::String(const String& s) : String(s.buffer, s.len) {}
+
+String::String(const String& s, unsigned int n) : String(s.buffer, MIN(n, s.len)) {}
+
+String::~String() { DeAllocate(buffer); }
+
+String& String::operator=(const String& s) { return assignText(s.buffer, s.len); }
+
+String& String::operator=(const char* s) { return assignText(s, TextLength(s)); }
+
+// A text that begins inside the own buffer is shorter than its capacity, so that its block stays.
+String& String::assignText(const char* p, unsigned int n)
+{
+  if (p == buffer) return *this;
+  if (n >= capacity) {
+    String copy(p, n);
+    swap(copy);
+  } else {
+    MoveBytes(buffer, p, n);
+    len = n;
+    buffer[len] = '\0';
+  }
+  return *this;
+}
+
+String& String::assign(const char* p, unsigned int n)
+{
+  p = reSizeAround(p, n);
+  MoveBytes(buffer, p, n);
+  len = n;
+  buffer[len] = '\0';
+  return *this;
+}
+
+void String::clear()
+{
+  len = 0;
+  buffer[0] = '\0';
+}
+
+char& String::operator[](int index)
+{
+  AssertIndex(static_cast<unsigned int>(index), len, "char &String::operator[] (int)");
+  return buffer[index];
+}
+
+char& String::operator[](long index)
+{
+  AssertIndex(static_cast<unsigned int>(Low32(index)), len, "char &String::operator[] (long int)");
+  return buffer[Low32(index)];
+}
+
+char& String::operator[](unsigned int index)
+{
+  AssertIndex(index, len, "char &String::operator[] (unsigned int)");
+  return buffer[index];
+}
+
+char& String::operator[](unsigned long index)
+{
+  AssertIndex(Low32(index), len, "char &String::operator[] (long unsigned int)");
+  return buffer[Low32(index)];
+}
+
+char String::operator[](int index) const
+{
+  AssertIndex(static_cast<unsigned int>(index), len, "char String::operator[] (int) const");
+  return buffer[index];
+}
+
+char String::operator[](long index) const
+{
+  AssertIndex(static_cast<unsigned int>(Low32(index)), len, "char String::operator[] (long int) const");
+  return buffer[Low32(index)];
+}
+
+char String::operator[](unsigned int index) const
+{
+  AssertIndex(index, len, "char String::operator[] (unsigned int) const");
+  return buffer[index];
+}
+
+char String::operator[](unsigned long index) const
+{
+  AssertIndex(Low32(index), len, "char String::operator[] (long unsigned int) const");
+  return buffer[Low32(index)];
+}
+
+String& String::append(const char* p, unsigned int n)
+{
+  p = reSizeAround(p, AddLengths(len, n));
+  MoveBytes(buffer + len, p, n);
+  len += n;
+  buffer[len] = '\0';
+  return *this;
+}
+
+String& String::operator+=(char ch) { return append(&ch, 1); }
+
+String& String::operator+=(const char* s) { return append(s, TextLength(s)); }
+
+String& String::operator+=(const String& s) { return append(s.buffer, s.len); }
+
+String& String::insert(unsigned int position, const String& s)
+{
+  AssertPosition(position, len, "String &String::insert (unsigned int, const String &)");
+  return insertText(position, s.buffer, s.len);
+}
+
+String& String::insert(unsigned int position, const char* s)
+{
+  AssertPosition(position, len, "String &String::insert (unsigned int, const char *)");
+  return insertText(position, s, TextLength(s));
+}
+
+String& String::insert(unsigned int position, char ch)
+{
+  AssertPosition(position, len, "String &String::insert (unsigned int, char)");
+  return insertText(position, &ch, 1);
+}
+
+String& String::insertText(unsigned int position, const char* p, unsigned int n)
+{
+  if (PointsInto<char>(p, buffer, capacity)) {
+    const String copy(p, n);
+    return insertText(position, copy.buffer, n);
+  }
+  reSize(AddLengths(len, n));
+  MoveBytes(buffer + position + n, buffer + position, len - position + 1);
+  MoveBytes(buffer + position, p, n);
+  len += n;
+  return *this;
+}
+
+String& String::remove(unsigned int position, unsigned int count)
+{
+  if (position >= len) return *this;
+  const unsigned int removed = MIN(count, len - position);
+  MoveBytes(buffer + position, buffer + position + removed, len - position - removed + 1);
+  len -= removed;
+  return *this;
+}
+
+void String::reSize(unsigned int n)
+{
+  const unsigned int needed = AddLengths(n, 1);
+  if (needed <= capacity) return;
+  const unsigned int grown = GrownCapacity(needed, capacity);
+  buffer = ReAllocate(buffer, capacity, grown);
+  capacity = grown;
+}
+
+const char* String::reSizeAround(const char* p, unsigned int n)
+{
+  if (!PointsInto<char>(p, buffer, capacity)) {
+    reSize(n);
+    return p;
+  }
+  const std::ptrdiff_t offset = p - buffer;
+  reSize(n);
+  return buffer + offset;
+}
+
+String String::operator()(unsigned int start, unsigned int count) const
+{
+  if (start >= len) return String();
+  return String(buffer + start, MIN(count, len - start));
+}
+
+String String::strStr(const String& s) const
+{
+  const char* found = std::strstr(buffer, s.buffer);
+  return found != nullptr ? String(found) : String();
+}
+
+String String::strChr(char ch) const
+{
+  const char* found = std::strchr(buffer, ch);
+  return found != nullptr ? String(found) : String();
+}
+
+String String::strBreakStr(const String& separator)
+{
+  const char* found = std::strstr(buffer, separator.buffer);
+  if (found == nullptr) return String();
+  const String before(buffer, static_cast<unsigned int>(found - buffer));
+  remove(0, before.len + TextLength(separator.buffer));
+  return before;
+}
+
+String String::strTok(const String& delimiters)
+{
+  for (const char* delimiter = delimiters.buffer; *delimiter != '\0'; delimiter++) {
+    if (const char* found = std::strchr(buffer, *delimiter)) {
+      const String before(buffer, static_cast<unsigned int>(found - buffer));
+      remove(0, before.len + 1);
+      return before;
+    }
+  }
+  return String();
+}
+
+String& String::toLower()
+{
+  for (char* ch = buffer; ch < buffer + len; ch++) {
+    if (std::isupper(Byte(*ch))) *ch = static_cast<char>(std::tolower(Byte(*ch)));
+  }
+  return *this;
+}
+
+String& String::toUpper()
+{
+  for (char* ch = buffer; ch < buffer + len; ch++) {
+    if (std::islower(Byte(*ch))) *ch = static_cast<char>(std::toupper(Byte(*ch)));
+  }
+  return *this;
+}
+
+String& String::strip(int bothEnds)
+{
+  const char* first = buffer;
+  const char* last = buffer + std::strlen(buffer);
+  while (last > first && last[-1] == ' ') last--;
+  if (bothEnds != 0) {
+    while (first < last && *first == ' ') first++;
+  }
+  return assign(first, static_cast<unsigned int>(last - first));
+}
+
+String& String::padBlanks(unsigned int width)
+{
+  if (width <= len) return *this;
+  reSize(width);
+  std::memset(buffer + len, ' ', width - len);
+  len = width;
+  buffer[len] = '\0';
+  return *this;
+}
+
+String& String::substitute(const String& from, const String& to)
+{
+  const String searched(from.buffer);
+  const String replacement(to.buffer);
+  if (searched.empty()) return *this;
+  const bool again = std::strstr(replacement.buffer, searched.buffer) == nullptr;
+  unsigned int start = 0;
+  while (const char* found = std::strstr(buffer + start, searched.buffer)) {
+    const auto before = static_cast<unsigned int>(found - buffer);
+    const char* after = found + searched.len;
+    const unsigned int afterLength = TextLength(after);
+    PreAllocatedString changed(AddLengths(AddLengths(before, replacement.len), afterLength));
+    changed.append(buffer, before).append(replacement.buffer, replacement.len).append(after, afterLength);
+    swap(changed);
+    start = again ? 0 : before + replacement.len;
+  }
+  return *this;
+}
+
+template <class Number>
+String& String::format(const char* form, Number value)
+{
+  const int needed = std::max(std::snprintf(nullptr, 0, form, value), 0);
+  PreAllocatedString text(static_cast<unsigned int>(needed));
+  std::snprintf(text.buffer, text.capacity, form, value);
+  text.len = static_cast<unsigned int>(needed);
+  swap(text);
+  return *this;
+}
+
+String& String::itoa(int value, const char* form) { return format(form, value); }
+
+String& String::uitoa(unsigned int value, const char* form) { return format(form, value); }
+
+String& String::ltoa(long value, const char* form) { return format(form, long{Low32(value)}); }
+
+String& String::ultoa(unsigned long value, const char* form)
+{
+  const unsigned long low = Low32(value);
+  return format(form, low);
+}
+
+int String::AtoI(int base) const
+{
+  const long long value = std::strtoll(buffer, nullptr, base);
+  return static_cast<int>(std::clamp<long long>(value, INT32_MIN, INT32_MAX));
+}
+
+unsigned int String::AtoUI(int base) const { return static_cast<unsigned int>(AtoI(base)); }
+
+long String::AtoL(int base) const { return AtoI(base); }
+
+// strtoull negates what stands behind a minus in 64 bits; the magnitude decides whether 32 bits hold it.
+unsigned long String::AtoUL(int base) const
+{
+  const char* text = buffer;
+  while (std::isspace(Byte(*text))) text++;
+  errno = 0;
+  const unsigned long long value = std::strtoull(text, nullptr, base);
+  const unsigned long long magnitude = *text == '-' ? 0 - value : value;
+  if (errno == ERANGE || magnitude > UINT32_MAX) return UINT32_MAX;
+  return static_cast<std::uint32_t>(value);
+}
+
+boolean String::Equal(const char* a, unsigned int aLength, const char* b, unsigned int bLength)
+{
+  return aLength == bLength && std::memcmp(a, b, aLength) == 0;
+}
+
+int String::Compare(const char* a, unsigned int aLength, const char* b, unsigned int bLength)
+{
+  if (const int difference = std::memcmp(a, b, MIN(aLength, bLength))) return difference;
+  const long long difference = static_cast<long long>(aLength) - bLength;
+  return static_cast<int>(std::clamp<long long>(difference, INT32_MIN, INT32_MAX));
+}
+
+std::istream& String::getLine(std::istream& stream, char delimiter)
+{
+  clear();
+  while (stream.good()) {
+    if (len > MaximumLength - 1 - lineChunk) {
+      stream.setstate(std::ios_base::failbit);
+      break;
+    }
+    char chunk[lineChunk + 1];
+    stream.get(chunk, sizeof chunk, delimiter);
+    append(chunk, static_cast<unsigned int>(stream.gcount()));
+    // get() reports an empty chunk as a failure; with input left it is only the delimiter that comes next.
+    if (stream.rdstate() == std::ios_base::failbit) stream.clear();
+    if (!stream.good()) break;
+    const auto next = stream.peek();
+    if (next == std::char_traits<char>::to_int_type(delimiter)) {
+      stream.ignore();
+      break;
+    }
+    if (next == std::char_traits<char>::eof()) break;
+  }
+  return stream;
+}
+
+std::istream& String::getWord(std::istream& stream)
+{
+  clear();
+  char ch = '\0';
+  if (!(stream >> ch)) return stream;
+  do {
+    *this += ch;
+    if (!stream.get(ch)) return stream;
+  } while (!std::isspace(Byte(ch)));
+  return stream.putback(ch);
+}
+
+std::istream& String::get(std::istream& stream, unsigned int n)
+{
+  clear();
+  if (stream.fail()) return stream;
+  reSize(n);
+  stream.read(buffer, n);
+  len = static_cast<unsigned int>(stream.gcount());
+  buffer[len] = '\0';
+  return stream;
+}
+
+void String::swap(String& other)
+{
+  std::swap(buffer, other.buffer);
+  std::swap(len, other.len);
+  std::swap(capacity, other.capacity);
+}
+
+String operator+(const String& a, const String& b) { return Joined(a, a.length(), b, b.length()); }
+
+String operator+(const String& a, const char* b) { return Joined(a, a.length(), b, TextLength(b)); }
+
+String operator+(const char* a, const String& b) { return Joined(a, TextLength(a), b, b.length()); }
+
+String operator+(const String& a, char b) { return Joined(a, a.length(), &b, 1); }
+
+String operator+(char a, const String& b) { return Joined(&a, 1, b, b.length()); }
+
+boolean operator==(const String& a, const String& b) { return String::Equal(a, a.length(), b, b.length()); }
+
+boolean operator==(const String& a, const char* b) { return String::Equal(a, a.length(), b, TextLength(b)); }
+
+boolean operator!=(const String& a, const String& b) { return !(a == b); }
+
+boolean operator!=(const String& a, const char* b) { return !(a == b); }
+
+boolean operator>(const String& a, const String& b) { return String::Compare(a, a.length(), b, b.length()) > 0; }
+
+std::ostream& operator<<(std::ostream& stream, const String& s)
+{
+  return stream.write(s, static_cast<std::streamsize>(s.length()));
+}
+
+int insensitive_memcmp(const char* a, const char* b, unsigned int n)
+{
+  for (unsigned int i = 0; i < n; i++) {
+    const int difference = std::tolower(Byte(a[i])) - std::tolower(Byte(b[i]));
+    if (difference != 0) return difference;
+  }
+  return 0;
+}
