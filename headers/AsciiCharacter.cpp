@@ -1,0 +1,28 @@
+#include "headers/AsciiCharacter.h"
+
+#include "headers/AsciiEbcdic.h"
+#include "headers/CharacterField.h"
+
+namespace {
+
+unsigned char Same(unsigned char code) { return code; }
+
+}  // namespace
+
+AsciiCharacter::AsciiCharacter(const ByteString& b) : text(FieldToText(b, Same)) {}
+
+ByteString AsciiCharacter::toByteString() const
+{
+  boolean modified = false;
+  return toModifiedByteString(byteLength(), modified);
+}
+
+ByteString AsciiCharacter::toModifiedByteString(unsigned int n, boolean& modified) const
+{
+  return TextToField(text, n, asciiBlankChar, Same, modified);
+}
+
+unsigned int AsciiCharacter::getValue() const
+{
+  return TextToNumber(text, [](char ch) { return static_cast<signed char>(ch); });
+}

@@ -1,0 +1,36 @@
+#include "headers/HeaderRecord.h"
+
+#include <algorithm>
+
+#include "foundation/StandardStreams.h"
+
+ByteString ZeroBytes(unsigned int length, unsigned int layoutSize)
+{
+  return length >= layoutSize ? ByteString(length, 0x00) : ByteString();
+}
+
+ByteString AtLeast(const ByteString& bytes, unsigned int needed)
+{
+  return bytes.length() >= needed ? bytes : ByteString();
+}
+
+boolean WriteRecord(WriteStream& out, const ByteString& bytes)
+{
+  out.putByteString(bytes);
+  return !out.failure();
+}
+
+std::optional<boolean> FlagOf(const String& value, const char* textOfTrue, const char* textOfFalse)
+{
+  if (value == textOfTrue) return true;
+  if (value == textOfFalse) return false;
+  return std::nullopt;
+}
+
+std::optional<unsigned char> CodeOf(std::span<const CodedValue> values, const String& value)
+{
+  const auto row = std::find_if(values.begin(), values.end(), [&](const CodedValue& v) { return value == v.value; });
+  return row != values.end() ? std::optional(row->code) : std::nullopt;
+}
+
+void ReportValue(const char* what, const String& value) { PrintErrorLine(what + value + '.'); }

@@ -1,0 +1,93 @@
+// The System Specific Data (SSD) header, the second record of the header block: 64 bytes that follow the VPD header.
+// It has one form only: single bytes, texts, and a name offset that is stored big-endian.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "headers/HeaderRecord.h"
+
+// The place of a name that is longer than its field.
+struct LONGRUNAME {
+  unsigned char reserved[4];
+  std::uint32_t ruNameOffset;  // where the name stands, in bytes from the beginning of the header block; big-endian
+};
+
+struct RUSSD {
+  unsigned char reserved1[24];              // 0
+  unsigned char nucleusSequenceControl[4];  // 24: 8 hexadecimal digits
+  unsigned char reserved2[4];               // 28
+  union {
+    unsigned char ruName[8];  // 32: at most 8 characters, zeros behind them
+    LONGRUNAME longName;
+  };
+  unsigned char linkLoaderBypass;  // 40: 1 "Y", 0 "N"
+  unsigned char ruDestination;     // 41: a code of the destination table
+  unsigned char deleteRu;          // 42: 1 "Y", 0 "N"
+  unsigned char onlineLLFlag;      // 43: 1 "Y", 0 "N"
+  unsigned char ruTypeOption;      // 44: 1 "VORN", 2 "LID"
+  unsigned char ssdModel;          // 45: a code of the model table
+  unsigned char allowBreakpoints;  // 46: 1 "Y", 0 "N"
+  unsigned char reserved3[17];     // 47
+};
+
+static_assert(offsetof(RUSSD, reserved1) == 0);
+static_assert(offsetof(RUSSD, nucleusSequenceControl) == 24);
+static_assert(offsetof(RUSSD, reserved2) == 28);
+static_assert(offsetof(RUSSD, ruName) == 32);
+static_assert(offsetof(RUSSD, longName) == 32);
+static_assert(offsetof(LONGRUNAME, reserved) == 0 && offsetof(LONGRUNAME, ruNameOffset) == 4);
+static_assert(offsetof(RUSSD, linkLoaderBypass) == 40);
+static_assert(offsetof(RUSSD, ruDestination) == 41);
+static_assert(offsetof(RUSSD, deleteRu) == 42);
+static_assert(offsetof(RUSSD, onlineLLFlag) == 43);
+static_assert(offsetof(RUSSD, ruTypeOption) == 44);
+static_assert(offsetof(RUSSD, ssdModel) == 45);
+static_assert(offsetof(RUSSD, allowBreakpoints) == 46);
+static_assert(offsetof(RUSSD, reserved3) == 47);
+static_assert(sizeof(RUSSD) == 64);
+
+// Every operation but valid(), getLength(), writeHeader() and destruction asserts valid(). A setter that returns a code
+// returns 0, or for a value that it does not know its code after one line about it on standard error; the field then
+// stays as it was. Values are compared whole and case-sensitively.
+class SystemSpecificDataHeaderX {
+ public:
+  // `length` zero bytes; valid from 64 on.
+  explicit SystemSpecificDataHeaderX(unsigned int length);
+  // All of the bytes, the record in front; valid when there are at least 64.
+  explicit SystemSpecificDataHeaderX(const ByteString& block);
+
+  // The name's EBCDIC bytes, unpadded, at most 8 of them.
+  void setReplaceableUnitName(const String& value);
+  // Where in the header block a name of more than 8 characters stands; takes the place of the name's last 4 bytes.
+  void setReplaceableUnitNameOffset(unsigned int offset);
+  // Without a value, destination 0.
+  int setReplaceableUnitDestination();
+  // A value of the destination table, else 39.
+  int setReplaceableUnitDestination(const String& value);
+  // The first 4 bytes of the value's hexadecimal digits, an odd number of them counting as preceded by a 0, else 38.
+  int setNucleusSequenceControl(const String& value);
+  // "Y" or "N", else 41, 42, 37 and 47.
+  int setLinkLoaderBypass(const String& value);
+  int setDeleteReplaceableUnit(const String& value);
+  int setAllowBreakpoints(const String& value);
+  int setOnlineLLFlag(const String& value);
+  // A value of the model table, else 36.
+  int setSSDModel(const String& value);
+  // "VORN" or "LID"; any other value changes nothing.
+  void setReplaceableUnitTypeOption(const String& value);
+
+  // The bytes held.
+  unsigned int getLength() const { return bytes.length(); }
+  // A copy of all the bytes.
+  ByteString getByteString() const;
+  // Writes all the bytes, of an invalid record none; whether the stream reports no failure afterwards.
+  boolean writeHeader(WriteStream& out) const;
+  boolean valid() const { return isValid; }
+
+ private:
+  RUSSD& header(const char* function, unsigned int line = __builtin_LINE());
+
+  ByteString bytes;
+  boolean isValid;
+};
