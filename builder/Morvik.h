@@ -1,0 +1,49 @@
+// The header builder: reads the RUVPD source and the VPDINFO source into the option table and makes of it the header
+// block (VPD header, SSD header, fill, long name) in front of a load module. Used once: morvikParse, morvikExecute,
+// morvikGetHeader. The first error ends an operation; its code is one of morvikPrintError's.
+#pragma once
+
+#include <memory>
+
+#include "foundation/ByteString.h"
+#include "foundation/FileName.h"
+#include "foundation/FileStatus.h"
+#include "foundation/String.h"
+#include "source/SPASourceProgram.h"
+
+class Morvik {
+ public:
+  // Takes the main source's full name, the RU date (8 decimal digits, year month day) and the RU time (6 decimal
+  // digits, hours minutes seconds). Returns 0, or 17, 18 and 19 for an unfit name, date and time.
+  int morvikParse(String source, String date, String time);
+  // Reads the sources and builds the header block, after a morvikParse that returned 0. Returns 0 or the error's code;
+  // after an error there is no header.
+  int morvikExecute();
+  // A copy of the header block, empty before morvikExecute.
+  ByteString morvikGetHeader() const { return header; }
+  // Writes the code's message as a line to standard error; nothing for a code that the builder does not know.
+  void morvikPrintError(int code) const;
+  // Reads one source; when `restricted`, only the VPDINFO keywords of it. A file that cannot be opened or read is
+  // reported, on standard error and by 50, 51, 60 or 61, when its extension is exactly "lidhdr" or "vpdinfo".
+  int openSource(FileName& file, boolean& restricted);
+  // Whether the file is one of the sources that this builder was given or has named.
+  boolean readsFrom(const FileStatus& file) const;
+
+ private:
+  friend int MorvikCreateHeader(Morvik* builder);
+
+  boolean isProductInformation() const;
+  FileName vpdinfoName() const;
+
+  String systemName;  // the default base name of the VPDINFO source
+  String memberName;  // the main source's base name
+  String sourceType;  // the main source's extension, in upper case
+  unsigned int bodyAlignment = 1;
+  String ruDate;
+  String ruTime;
+  String ruType;
+  FileName ruvpdSource;
+  FileName vpdinfoSource;
+  std::unique_ptr<SPASourceProgram> sourceProgram;
+  ByteString header;
+};
