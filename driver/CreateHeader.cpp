@@ -1,0 +1,125 @@
+#include "driver/CreateHeader.h"
+
+#include <ctime>
+
+#include "builder/Morvik.h"
+#include "builder/MorvikCreateHeader.h"
+#include "driver/Kelvra.h"
+#include "foundation/Allocate.h"
+#include "foundation/FileStatus.h"
+#include "foundation/FileStreams.h"
+#include "headers/AuxillaryHdr.h"
+#include "headers/FileHdr.h"
+#include "headers/KespHeader.h"
+#include "headers/ScnHdr.h"
+#include "headers/VPDHdrX.h"
+
+namespace {
+
+constexpr unsigned int envelopeLength = sizeof(FILEHDR) + sizeof(AUXILLARYHDR) + sizeof(SCNHDR);
+
+// When the load module was built.
+struct BuildTime {
+  time_t seconds;  // since the epoch
+  String date;     // YYYYMMDD, local time
+  String time;     // hhmmss, local time
+};
+
+String Formatted(const tm& local, const char* format)
+{
+  char text[16];
+  return String(text, static_cast<unsigned int>(std::strftime(text, sizeof text, format, &local)));
+}
+
+// The LID header's date and time, or without a LID header the file's modification time. The strings are empty when the
+// time has no text form.
+BuildTime GetBuildTime(const ByteString& lidBegin, const FileStatus& lidStatus)
+{
+  BuildTime build = {lidStatus.modificationTime(), String(), String()};
+  KespHeader lidHeader(lidBegin);
+  const tm* local = nullptr;
+  if (lidHeader.valid() && lidHeader.getMagicNumber() == KespHeader::lidMagicNumber && lidHeader.holdsLidDateTime()) {
+    tm* built = lidHeader.getLidDateTime();
+    built->tm_isdst = -1;
+    build.seconds = std::mktime(built);
+    local = built;
+  } else {
+    local = std::localtime(&build.seconds);
+  }
+  if (local != nullptr) {
+    build.date = Formatted(*local, "%Y%m%d");
+    build.time = Formatted(*local, "%H%M%S");
+  }
+  return build;
+}
+
+// All that stands in front of the LID's bytes, in file order.
+ByteString Front(const ByteString& block, unsigned int lidLength, time_t buildTime)
+{
+  VitalProductDataHeaderX vpd(block);
+  AuxillaryHdr auxillary(sizeof(AUXILLARYHDR));
+  auxillary.setMFlag();
+  auxillary.setVStamp();
+  FileHdr file(sizeof(FILEHDR));
+  file.setMagicNumber();
+  file.setTimeDate(buildTime);
+  file.setNumberOfSections(1);
+  const unsigned int optionalLength = auxillary.getLength() + block.length();
+  file.setNumberOfOptionalHeaderBytes(static_cast<unsigned short>(optionalLength));
+  ScnHdr section(sizeof(SCNHDR));
+  String sectionName(".text");
+  section.setSectionName(sectionName);
+  section.setSectionFlagAsData();
+  section.setNumberOfRawDataBytes(lidLength);
+
+  const unsigned int rawDataOffset = file.getLength() + optionalLength + section.getLength();
+  file.setSymPtr(long{lidLength} + rawDataOffset);
+  vpd.setVPDRULength(lidLength);
+  section.setOffsetToRawData(rawDataOffset);
+
+  file.Endian();
+  auxillary.Endian();
+  vpd.Endian();
+  section.Endian();
+  return file.getByteString() + auxillary.getByteString() + vpd.getByteString() + section.getByteString();
+}
+
+}  // namespace
+
+int CreateHeader(Kelvra* app)
+{
+  // One buffer for the whole output: room for what stands in front, then the LID, read to its place.
+  const unsigned int frontLength = envelopeLength + MorvikHeaderLength(app->ruvpdFile.getMember());
+  ByteString output(frontLength, 0x00);
+
+  ReadFileStream lid(app->lidFile, std::ios_base::in);
+  if (lid.failure()) return 33;
+  const FileStatus lidStatus(app->lidFile);
+  if (!lidStatus.valid()) return 32;
+  // A LID that a byte string can count, but not the offsets behind it.
+  if (lidStatus.size() <= MaximumLength && lidStatus.size() > MaximumLength - frontLength) return 32;
+  lid.appendByteString(output);
+  if (lid.failure()) return 33;
+  const unsigned int lidLength = output.length() - frontLength;
+  if (lidStatus.size() != lidLength) return 32;
+
+  const BuildTime build = GetBuildTime(output(frontLength, sizeof(KESPHDR)), lidStatus);
+  if (build.date.empty() || build.time.empty()) return 19;
+
+  Morvik builder;
+  int code = builder.morvikParse(app->ruvpdFile.getSource(), build.date, build.time);
+  if (code == 0) code = builder.morvikExecute();
+  if (code != 0) {
+    builder.morvikPrintError(code);
+    return code;
+  }
+  output.replace(0, frontLength, Front(builder.morvikGetHeader(), lidLength, build.seconds));
+
+  const FileStatus existing(app->outputFile);
+  const boolean writable = existing.valid() && !existing.sameFile(lidStatus) && !builder.readsFrom(existing);
+  if (!writable && !existing.missing()) return 34;
+  WriteFileStream out(app->outputFile, std::ios_base::out);
+  if (out.failure()) return 34;
+  out.putByteString(output);
+  return code;
+}

@@ -1,0 +1,110 @@
+#include "driver/Kelvra.h"
+
+#include <cstring>
+
+#include "driver/CreateHeader.h"
+#include "foundation/FileStreams.h"
+#include "foundation/MessageTable.h"
+#include "foundation/StandardStreams.h"
+
+namespace {
+
+// Empty: the tool takes its name from its invocation.
+const String defaultName;
+
+constexpr MessageRow messages[] = {
+    {0, "kelvra process completed successfully"},
+    {4, "kelvra process successful: Warning(s) encountered in source file"},
+    {8, "kelvra process failed: Error(s) encountered in source file"},
+    {12, "kelvra process failed: Severe error(s) encountered in source file"},
+    {16, "kelvra process failed: Terminating error(s) encountered in source file"},
+    {17, "File does not have a kesp header on it"},
+    {30, "Required parameter missing"},
+    {31, "Too many parameters"},
+    {32, "Error in getting file length of RU"},
+    {33, "Error in reading object file"},
+    {34, "Error in writing output (.ruh) file"},
+    {90, "Out of memory"},
+    {100, "Error writing VPD header to STDOUT"},
+    {101, "kelvra process failed"},
+};
+static_assert(std::size(messages) == 14);
+constexpr int generalFailure = 101;
+
+constexpr const char* usageTexts[] = {" -r partname.lidhdr", " -l partname.kesp", " -o outfile.ruhx", ""};
+
+struct FileOption {
+  const char* word;
+  FileName Kelvra::*file;
+};
+constexpr FileOption fileOptions[] = {
+    {"-r", &Kelvra::ruvpdFile}, {"-l", &Kelvra::lidFile}, {"-o", &Kelvra::outputFile}};
+
+// The option that the argument's first two characters name, or null.
+const FileOption* FindOption(const char* argument)
+{
+  for (const FileOption& option : fileOptions) {
+    if (std::strncmp(argument, option.word, 2) == 0) return &option;
+  }
+  return nullptr;
+}
+
+// A file that was not named is beside the LID, under its name with another extension.
+void DefaultFrom(const FileName& lid, FileName& file, const char* extension)
+{
+  if (!file.getSource().empty()) return;
+  file.setSource(lid.getSource());
+  file.setExtension(extension);
+}
+
+// A name without extension stands for itself when such a file opens, else for the name with the extension.
+void CompleteExtension(FileName& file, const char* extension)
+{
+  if (!file.getExtension().empty()) return;
+  const ReadFileStream probe(file, std::ios_base::in);
+  if (probe.failure()) file.setExtension(extension);
+}
+
+}  // namespace
+
+Kelvra::Kelvra() : Application(defaultName, defaultMajorVersion, defaultMinorVersion) {}
+
+int Kelvra::parseParams(int argc, char** argv) { return Parse(this, argc, argv); }
+
+int Kelvra::readInitFile() { return 0; }
+
+int Kelvra::execute() { return createWriteHeader(); }
+
+int Kelvra::createWriteHeader() { return CreateHeader(this); }
+
+void Kelvra::printError(int code) const
+{
+  const char* message = FindMessage(messages, code);
+  PrintMessage(message != nullptr ? message : FindMessage(messages, generalFailure));
+}
+
+void Kelvra::showUsage() const { ShowUsage(this); }
+
+int Parse(Kelvra* app, int argc, char** argv)
+{
+  if (app->getName().empty() && argc > 0) app->setName(FileName(argv[0]).getMember());
+  if (argc <= 1) return 30;
+  for (int i = 1; i < argc; i++) {
+    const FileOption* option = FindOption(argv[i]);
+    if (option == nullptr || ++i == argc) return 30;
+    app->*option->file = FileName(argv[i]);
+  }
+  if (app->lidFile.getSource().empty()) return 30;
+  DefaultFrom(app->lidFile, app->ruvpdFile, "lidhdr");
+  DefaultFrom(app->lidFile, app->outputFile, "ruhx");
+  CompleteExtension(app->lidFile, "kesp");
+  CompleteExtension(app->ruvpdFile, "lidhdr");
+  return 0;
+}
+
+void ShowUsage(const Kelvra* app)
+{
+  String usage = "Usage : " + app->getName();
+  for (const char* const* text = usageTexts; **text != '\0'; text++) usage += *text;
+  PrintErrorLine(usage);
+}

@@ -1,0 +1,31 @@
+// The tool's application object: its three files and the conversation with the user.
+#pragma once
+
+#include "foundation/Application.h"
+#include "foundation/FileName.h"
+
+class Kelvra : public Application {
+ public:
+  Kelvra();
+
+  // Takes -r, -l and -o and defaults the names that were not given; 0, or 30 for any fault.
+  int parseParams(int argc, char** argv) override;
+  // Always 0: the tool has no initialisation file.
+  int readInitFile() override;
+  // Writes the output file; 0 or the code of what stopped it.
+  int execute() override;
+  // Writes the closing line of a run that ends with the code.
+  void printError(int code) const override;
+  void showUsage() const override;
+
+  FileName ruvpdFile;   // the RUVPD source
+  FileName lidFile;     // the load module
+  FileName outputFile;  // the file to be written
+
+ private:
+  int createWriteHeader();
+};
+
+// What parseParams and showUsage do.
+int Parse(Kelvra* app, int argc, char** argv);
+void ShowUsage(const Kelvra* app);
