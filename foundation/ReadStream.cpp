@@ -36,22 +36,29 @@ ReadStream& ReadStream::getByteString(ByteString& b)
 
 ReadStream& ReadStream::appendByteString(ByteString& b)
 {
-  appendBytes(b, MaximumLength - b.length());
+  const unsigned int room = MaximumLength - b.length();
+  if (available() > room) {  // known before any memory is spent on it
+    setFailure();
+    return *this;
+  }
+  appendBytes(b, room);
   if (!endOfFile()) setFailure();
   return *this;
 }
+
+// What the input says to hold still, in bytes; not above 0 when it does not say.
+std::streamsize ReadStream::available() const { return stream->good() ? stream->rdbuf()->in_avail() : 0; }
 
 // Reads straight into the byte string. What the input says to hold still is made room for at once and read in one
 // piece; without a word from it, 256 bytes at a time.
 void ReadStream::appendBytes(ByteString& b, unsigned int most)
 {
-  constexpr unsigned int step = 256;
+  constexpr std::streamsize step = 256;
   unsigned int wanted = most;
   while (wanted > 0) {
-    const std::streamsize available = stream->good() ? stream->rdbuf()->in_avail() : 0;
-    if (available > MaximumLength - b.length()) return setFailure();
-    if (available <= 0 && endOfFile()) return;
-    const unsigned int piece = std::min(wanted, std::max(static_cast<unsigned int>(available), step));
+    const std::streamsize announced = available();
+    if (announced <= 0 && endOfFile()) return;
+    const auto piece = static_cast<unsigned int>(std::min<std::streamsize>(wanted, std::max(announced, step)));
     try {
       unsigned char* room = b.extend(piece);
       read(room, piece);

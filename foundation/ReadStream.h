@@ -45,5 +45,6 @@ class ReadStream {
   std::istream* stream;
 
  private:
+  std::streamsize available() const;
   void appendBytes(ByteString& b, unsigned int most);
 };

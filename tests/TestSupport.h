@@ -1,0 +1,52 @@
+// What the tests share: bytes as spaced hexadecimal text, temporary folders, and runs of the real executable.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "foundation/ByteString.h"
+#include "foundation/String.h"
+
+// "01 AB ff" as bytes; white space is free. Worked out here, not by the code under test.
+std::string Raw(std::string_view hex);
+ByteString Bytes(std::string_view hex);
+
+// The bytes as "01 ab ff".
+std::string Hex(std::string_view raw);
+std::string Hex(const ByteString& bytes);
+
+// The text of a String, NUL bytes included.
+std::string Text(const String& text);
+
+// An own folder below the system's temporary folder, removed with all that is in it.
+class TemporaryFolder {
+ public:
+  TemporaryFolder();
+  ~TemporaryFolder();
+  TemporaryFolder(const TemporaryFolder&) = delete;
+  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+  const std::string& path() const { return path_; }
+  std::string operator/(std::string_view name) const { return path_ + "/" + std::string(name); }
+  // Writes the file `name` in the folder and returns its full name.
+  std::string write(std::string_view name, std::string_view content) const;
+  // The file's bytes; fails the test when it cannot be read.
+  std::string read(std::string_view name) const;
+  bool has(std::string_view name) const;
+  // Sets the file's modification time, in seconds since the epoch.
+  void setModified(std::string_view name, long seconds) const;
+
+ private:
+  std::string path_;
+};
+
+struct Outcome {
+  int status = -1;  // the exit status, or minus the number of the signal that ended the run
+  std::string out;  // standard output
+  std::string err;  // standard error
+};
+
+// Runs the built kelvra in `folder` with TZ set to `zone`; its standard input is empty.
+Outcome RunKelvra(const TemporaryFolder& folder, const std::vector<std::string>& arguments,
+                  const std::string& zone = "UTC0");
