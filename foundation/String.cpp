@@ -379,7 +379,7 @@ int String::Compare(const char* a, unsigned int aLength, const char* b, unsigned
 std::istream& String::getLine(std::istream& stream, char delimiter)
 {
   clear();
-  while (stream.good()) {
+  while (!stream.fail()) {
     if (len > MaximumLength - 1 - lineChunk) {
       stream.setstate(std::ios_base::failbit);
       break;

@@ -52,8 +52,6 @@ TEST(CommandLine, NamesAreDefaultedAndProbed)
   } rows[] = {{"part.kesp", "-l part", "part.kesp", "part.ruhx"},
               {"part part.kesp", "-l part", "part", "part.ruhx"},
               {"part/ part.kesp", "-l part", "part.kesp", "part.ruhx"},
-              {"part.bin", "-l part.bin", "part.bin", "part.ruhx"},
-              {"x.kesp", "-r part -l x", "x.kesp", "x.ruhx"},
               {"x.kesp part", "-r part -l x", "x.kesp", "x.ruhx", kInfo},
               {"x.kesp part/", "-r part -l x", "x.kesp", "x.ruhx"},
               {"part.kesp", "-l part -o .ruhx", "part.kesp", ".ruhx"},

@@ -20,12 +20,11 @@ TEST(FileNameTest, SourcesSplitAtTheLastSlashAndDotAndRebuildUnchanged)
       "/usr/bin/tool=/usr/bin/|tool| dir.x/file=dir.x/|file| a.b.c=|a.b|c .profile=||profile name.=|name.| a..=|a..| "
       "a..b=|a.|b /=/|| //=//|| /.x=/||x d/.=d/|.| a.b/=a.b/|| =||");
   for (std::string row; rows >> row;) {
-    FileName file(String("old"), String("q"), String("m"), String("e"));
-    EXPECT_EQ(Text(file.getSource()), "old/m.e");
-    file.setSource(String(row.substr(0, row.find('=')).c_str()));
-    EXPECT_EQ(Text(file.getSource() + "=" + file.getLibrary() + "|" + file.getMember() + "|" + file.getExtension()),
-              row);
-    EXPECT_EQ(file.isValid(), !file.getMember().empty() || !file.getExtension().empty()) << row;
+    FileName fn(String("old"), String("q"), String("m"), String("e"));
+    EXPECT_EQ(Text(fn.getSource()), "old/m.e");
+    fn.setSource(String(row.substr(0, row.find('=')).c_str()));
+    EXPECT_EQ(Text(fn.getSource() + "=" + fn.getLibrary() + "|" + fn.getMember() + "|" + fn.getExtension()), row);
+    EXPECT_EQ(fn.isValid(), !fn.getMember().empty() || !fn.getExtension().empty()) << row;
   }
 }
 
@@ -92,9 +91,9 @@ TEST(AssertionDeathTest, IndexesAndPositionsBehindTheEndEndTheProgramWithTheirLi
        "position <="},
   };
   for (const auto& [call, function, check] : rows) {
-    const std::string text = std::regex_replace(function, std::regex(R"([()\[\]*])"), R"(\$&)");
-    const std::string source = text.find("ByteString::") == text.npos ? "String" : "ByteString";
-    const std::string line = source + ":[0-9]+: " + text + ": Assertion `" + check + " len' failed\\.\n";
+    std::string line = std::regex_replace(function, std::regex(R"([()\[\]*])"), R"(\$&)");
+    line.insert(0, line.find("ByteString::") == line.npos ? "String:[0-9]+: " : "ByteString:[0-9]+: ");
+    line.append(": Assertion `").append(check).append(" len' failed\\.\n");
     EXPECT_EXIT(call(), testing::KilledBySignal(SIGABRT), testing::MatchesRegex(line)) << function;
   }
 }

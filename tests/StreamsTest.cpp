@@ -19,11 +19,10 @@ TEST(ReadStreamTest, ALineOfAnyLengthIsReadWholeWithAndWithoutItsDelimiter)
       std::istringstream in(line + tail);
       ReadStream stream(&in);
       String text("old"), next("old");
-      const boolean failed = (stream >> text).failure(), ended = stream.endOfFile() && stream.endOfFile();
+      const boolean failed = (stream >> text).failure(), end = stream.endOfFile() && stream.endOfFile();
       stream.getLine(next, 'x');
       EXPECT_TRUE(Text(text) == line && failed == (n + tail.size() == 0)) << n << tail;
-      EXPECT_TRUE(ended == (tail != "\nnext") && stream.failure() == ended && next == (ended ? "" : "ne"))
-          << n << tail;
+      EXPECT_TRUE(end == (tail != "\nnext") && stream.failure() == end && next == (end ? "" : "ne")) << n << tail;
     }
 }
 
@@ -35,7 +34,9 @@ TEST(ReadFileStreamTest, FilesOfEverySizeAreReadWholeAndAgainFromAnOffset)
     for (unsigned int i = 1; i < size; i++) content[i] = static_cast<char>(i * 7);
     ReadFileStream stream(Name(folder.write("file", content)), std::ios::in);
     ByteString bytes = Bytes("11"), behind = bytes, part;
-    EXPECT_TRUE(stream.getByteString(bytes).getByteString(behind, 10).endOfFile() && !stream.failure() && stream.getOffset() == size) << size;
+    EXPECT_TRUE(stream.getByteString(bytes).getByteString(behind, 10).endOfFile() && !stream.failure() &&
+                stream.getOffset() == size)
+        << size;
     stream.setOffset(9999), stream.getByteString(behind).setOffset(0);
     EXPECT_TRUE(behind.empty() && stream.endOfFile() == (size == 0) && !stream.failure()) << size;
     EXPECT_TRUE(stream.getByteString(part, 10).endOfFile() == (size <= 10) && !stream.failure()) << size;
@@ -54,9 +55,8 @@ TEST(WriteStreamTest, BytesPassUnchangedAndNumbersAreThirtyTwoBitsInTheBase)
   std::ostringstream out;
   WriteStream stream(&out);
   stream.putChar('a'), stream.putString("b\0c"), stream.putString(String("d\0", 2)), stream.write("e\0", 2);
-  stream.putByteString(Bytes("00 ff")),
-      stream << 'c' << "t" << String("\0", 1) << -1 << ' ' << -1L << ' ' << ~0UL << ' ' << 4294967304L << ' ';
-  stream.setHexadecimal() << -1 << ' ' << -255L << ' ' << ~0UL << ' ';
+  stream.putByteString(Bytes("00 ff")), stream << 'c' << "t" << String("\0", 1) << -1 << ' ' << -1L << ' ' << ~0UL;
+  stream << ' ' << 4294967304L << ' ', stream.setHexadecimal() << -1 << ' ' << -255L << ' ' << ~0UL << ' ';
   stream.setOctal() << -1 << ' ' << 8U, stream.setDecimal() << 10;
   EXPECT_EQ(Hex(out.str().substr(0, 11)), "61 62 64 00 65 00 00 ff 63 74 00");
   EXPECT_EQ(out.str().substr(11), "-1 -1 4294967295 8 ffffffff ffffff01 ffffffff 37777777777 1010");

@@ -43,8 +43,7 @@ TEST(StringTest, EditsCutTheirRangesKeepNulsAndTakeTheStringItselfAsACopy)
 
 TEST(StringTest, SearchesGiveTheResultAndLeaveTheRest)
 {
-  const String dots("::"), marks(";,"), none, a("a"), aa("aa"), b("b");
-  String s;
+  String s, dots("::"), marks(";,"), none, a("a"), aa("aa"), b("b");
   EXPECT_EQ(
       List({(s = "k::v::").strBreakStr(dots), s, (s = "value").strBreakStr(dots), s, (s = "::v").strBreakStr(dots), s,
             s.strBreakStr(none), s, (s = "a\0::"_s).strBreakStr(dots), s, (s = "x,y;z").strTok(marks), s,
