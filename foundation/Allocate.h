@@ -4,7 +4,6 @@
 
 #include <cstdint>
 #include <cstring>
-#include <functional>
 
 constexpr unsigned int MaximumLength = UINT32_MAX;
 
@@ -26,11 +25,11 @@ void MoveBytes(Byte* to, const Byte* from, unsigned int n)
   if (n != 0) std::memmove(to, from, n);
 }
 
-// True when p points into the block of `size` bytes; std::less orders pointers into different blocks too.
+// True when p points into the block of `size` bytes.
 template <class Byte>
 bool PointsInto(const Byte* p, const Byte* block, unsigned int size)
 {
-  return !std::less<>()(p, block) && std::less<>()(p, block + size);
+  return reinterpret_cast<std::uintptr_t>(p) - reinterpret_cast<std::uintptr_t>(block) < size;
 }
 
 // A new array of n bytes, contents undefined, to be freed with DeAllocate. Byte is char or unsigned char.

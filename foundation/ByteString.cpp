@@ -1,5 +1,6 @@
 #include "foundation/ByteString.h"
 
+#include <algorithm>
 #include <cctype>
 #include <cstring>
 
@@ -59,11 +60,7 @@ boolean FromString(const String& text, ByteString& out, unsigned int base, unsig
 
 }  // namespace
 
-ByteString::ByteString(unsigned int n, unsigned char fill)
-{
-  extend(n);
-  init(fill);
-}
+ByteString::ByteString(unsigned int n, unsigned char fill) { std::fill_n(extend(n), n, fill); }
 
 ByteString::ByteString(const ByteString& b) : ByteString(b.buffer, b.len) {}
 
@@ -89,10 +86,7 @@ ByteString& ByteString::operator=(const ByteString& b)
   return *this;
 }
 
-void ByteString::init(unsigned char fill)
-{
-  if (len != 0) std::memset(buffer, fill, len);
-}
+void ByteString::init(unsigned char fill) { std::fill_n(buffer, len, fill); }
 
 void ByteString::setNthByte(unsigned int n, unsigned char value)
 {

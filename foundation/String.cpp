@@ -54,12 +54,7 @@ String::String(unsigned int n) : buffer(Allocate(AddLengths(n, 1))), len(0), cap
 
 String::String(const char* s) : String(s, TextLength(s)) {}
 
-String::String(const char* p, unsigned int n) : String(n)
-{
-  MoveBytes(buffer, p, n);
-  len = n;
-  buffer[len] = '\0';
-}
+String::String(const char* p, unsigned int n) : String(n) { store(p, n); }
 
 String::String(const String& s) : String(s.buffer, s.len) {}
 
@@ -79,20 +74,22 @@ String& String::assignText(const char* p, unsigned int n)
     String copy(p, n);
     swap(copy);
   } else {
-    MoveBytes(buffer, p, n);
-    len = n;
-    buffer[len] = '\0';
+    store(p, n);
   }
   return *this;
 }
 
 String& String::assign(const char* p, unsigned int n)
 {
-  p = reSizeAround(p, n);
+  store(reSizeAround(p, n), n);
+  return *this;
+}
+
+void String::store(const char* p, unsigned int n)
+{
   MoveBytes(buffer, p, n);
   len = n;
   buffer[len] = '\0';
-  return *this;
 }
 
 void String::clear()
@@ -287,7 +284,8 @@ String& String::strip(int bothEnds)
   if (bothEnds != 0) {
     while (first < last && *first == ' ') first++;
   }
-  return assign(first, static_cast<unsigned int>(last - first));
+  store(first, static_cast<unsigned int>(last - first));
+  return *this;
 }
 
 String& String::padBlanks(unsigned int width)

@@ -109,6 +109,8 @@ class String {
  private:
   // reSize for an operation that reads from p afterwards; returns p, moved along when it points into the block.
   const char* reSizeAround(const char* p, unsigned int n);
+  // Makes the n characters at p, which fit in the block and may lie in it, the whole text.
+  void store(const char* p, unsigned int n);
   String& assignText(const char* p, unsigned int n);
   String& insertText(unsigned int position, const char* p, unsigned int n);
   template <class Number>

@@ -80,6 +80,8 @@ TEST(CommandLine, FaultsAndNamesThatLeadNowhereEndInTheirCodeAndMakeNoFile)
       {33, "Error in reading object file.\n", "-l none|-l none.kesp|-l dir|-l /|-l empty/"},
       {17, "Invalid filename specified.\nFile does not have a kesp header on it.\n",
        "-l dir/|-l dir/.kesp|-l part -r .lidhdr|-l part -r dir/"},
+      {50, "File name is dir.lidhdr.\nUnable to open RUVPD source file for input.\nkelvra process failed.\n",
+       "-l part -r dir|-l part -r dir.lidhdr"},
       {34, kPart + "Error in writing output (.ruh) file.\n", "-l part -o dir/|-l part -o dir|-l part -o no/x"}};
   for (const auto& [status, err, commandLines] : rows) {
     for (const std::string& arguments : Split(commandLines, '|')) {

@@ -75,7 +75,7 @@ TEST(Output, HoldsEveryFieldOfAVersionThreeLidAndItsSources)
                           "200001020304 0004 f0000000 ff0a80";
   const Part folder(Raw(lid));
   folder.write("part.lidhdr",
-               "(* comment *)\n:RUNAME.MyUnit\n* RU LOADID . 12AB 34cd\n!*:RUCHGLID.Y\n:RUFLASH.Y\n"
+               "(* comment *)\n:RUNAME.MyUnit\n* RU LOADID . 12AB 34cd\n!*:RUCHGLID...Y\n:RUFLASH.Y\n"
                ":BASELOAD.Y\n:RUPFGID.51aB\n:RUSFGID.7\n:RUDEST.PIBLA\n:LLBYPASS.N\n:DELETERU.Y\n"
                ":SSDMODEL.TERVASCOPIN\n:ALLOWBKP.N\n:LLFLAG.N\n:VPDINFONM.prod\n:VERLEVEL.lost");
   folder.write("prod.vpdinfo",
@@ -118,7 +118,7 @@ TEST(Output, TimeComesFromAHeaderThatReachesPastItsDateElseFromTheFile)
   const char* summerTime = "CET-1CEST,M3.5.0,M10.5.0/3";
   check(kVersion3 + "202407011200" + Zeros(90), "66827e20", "20240701120000", summerTime);
   check(kVersion3 + "202401151300" + Zeros(90), "65a51e40", "20240115130000", summerTime);
-  check("00", kModifiedStamp, "20230722062640", summerTime);
+  check("02", kModifiedStamp, "20230722062640", summerTime);
   check("00", kModifiedStamp, "20230721185640", "XST9:30");
 }
 

@@ -98,6 +98,7 @@ Outcome RunKelvra(const TemporaryFolder& folder, const std::vector<std::string>&
   std::vector<std::string> words = {KELVRA_EXECUTABLE};
   words.insert(words.end(), arguments.begin(), arguments.end());
   std::vector<char*> argv;
+  argv.reserve(words.size() + 1);
   for (std::string& word : words) argv.push_back(word.data());
   argv.push_back(nullptr);
   std::string timeZone = "TZ=" + zone;
