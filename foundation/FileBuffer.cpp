@@ -7,34 +7,38 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <optional>
 #include <system_error>
 
 namespace {
 
 constexpr mode_t createdFilePermissions = 0664;
 
-// What open(2) takes for the mode bits, as the standard's file streams read them.
-int OpenFlags(int mode)
+// What open(2) takes for the mode bits, as the standard's file streams read them; nothing for bits that contradict
+// each other.
+std::optional<int> OpenFlags(int mode)
 {
   const boolean reads = (mode & std::ios_base::in) != 0;
   const boolean appends = (mode & std::ios_base::app) != 0;
   const boolean writes = appends || (mode & std::ios_base::out) != 0;
-  if (!writes) return O_RDONLY | O_CLOEXEC;
-  const int access = (reads ? O_RDWR : O_WRONLY) | O_CLOEXEC;
+  const boolean truncates = (mode & std::ios_base::trunc) != 0;
+  if (truncates && (appends || !writes)) return std::nullopt;
+  if (!writes) return O_RDONLY;
+  const int access = reads ? O_RDWR : O_WRONLY;
   if (appends) return access | O_CREAT | O_APPEND;
-  const boolean truncates = !reads || (mode & std::ios_base::trunc) != 0;
-  return truncates ? access | O_CREAT | O_TRUNC : access;
+  return truncates || !reads ? access | O_CREAT | O_TRUNC : access;
 }
 
 boolean HoldsNul(const String& name) { return std::strlen(name) != name.length(); }
 
 }  // namespace
 
-FileDescriptor::FileDescriptor(const String& name, int flags) : number(-1)
+FileDescriptor::FileDescriptor(const String& name, int mode)
 {
-  if (HoldsNul(name)) return;
+  const auto flags = OpenFlags(mode);
+  if (!flags || HoldsNul(name)) return;
   do {
-    number = ::open(name, flags, createdFilePermissions);
+    number = ::open(name, *flags | O_CLOEXEC, createdFilePermissions);
   } while (number < 0 && errno == EINTR);
 }
 
@@ -79,9 +83,10 @@ off_t FileDescriptor::size() const
 }
 
 FileReadBuffer::FileReadBuffer(const String& name, int mode)
-    : file(name, OpenFlags(mode | std::ios_base::in)), fileSize(file.size())
+    : file(name, mode | std::ios_base::in), fileSize(file.size())
 {
   if (isReadable() && (mode & std::ios_base::ate) != 0) readEnd = file.seek(0, SEEK_END);
+  if (readEnd < 0) fileSize = -1;
 }
 
 FileReadBuffer::int_type FileReadBuffer::underflow()
@@ -108,7 +113,7 @@ std::streamsize FileReadBuffer::xsgetn(char* p, std::streamsize n)
     } else {
       if (traits_type::eq_int_type(underflow(), traits_type::eof())) break;
       const std::streamsize step = std::min<std::streamsize>(wanted, egptr() - gptr());
-      std::memcpy(p + got, gptr(), static_cast<std::size_t>(step));
+      std::copy_n(gptr(), step, p + got);
       gbump(static_cast<int>(step));
       got += step;
     }
@@ -137,9 +142,9 @@ FileReadBuffer::pos_type FileReadBuffer::seekpos(pos_type position, std::ios_bas
   return seekoff(off_type(position), std::ios_base::beg, which);
 }
 
-FileWriteBuffer::FileWriteBuffer(const String& name, int mode) : file(name, OpenFlags(mode | std::ios_base::out))
+FileWriteBuffer::FileWriteBuffer(const String& name, int mode) : file(name, mode | std::ios_base::out)
 {
-  if ((mode & std::ios_base::ate) != 0) file.seek(0, SEEK_END);
+  writable = file.isOpen() && ((mode & std::ios_base::ate) == 0 || file.seek(0, SEEK_END) >= 0);
   setp(block.data(), block.data() + block.size());
 }
 
@@ -159,7 +164,7 @@ std::streamsize FileWriteBuffer::xsputn(const char* p, std::streamsize n)
 {
   if (n > epptr() - pptr() && FileWriteBuffer::sync() != 0) return 0;
   if (n > epptr() - pptr()) return file.write(p, n);
-  std::memcpy(pptr(), p, static_cast<std::size_t>(n));
+  std::copy_n(p, n, pptr());
   pbump(static_cast<int>(n));
   return n;
 }

@@ -13,9 +13,10 @@
 // An open file, closed with the object.
 class FileDescriptor {
  public:
-  // Not open when the operating system refuses, or when the name holds a NUL byte. A file that the open creates gets
-  // the permissions 0664, less the process's umask.
-  FileDescriptor(const String& name, int flags);
+  // `mode` are the bits of std::ios_base::openmode. Not open when the operating system refuses, when the bits
+  // contradict each other, or when the name holds a NUL byte. A file that the open creates gets the permissions 0664,
+  // less the process's umask.
+  FileDescriptor(const String& name, int mode);
   ~FileDescriptor();
   FileDescriptor(const FileDescriptor&) = delete;
   FileDescriptor& operator=(const FileDescriptor&) = delete;
@@ -32,12 +33,11 @@ class FileDescriptor {
   off_t size() const;
 
  private:
-  int number;
+  int number = -1;
 };
 
 class FileReadBuffer : public std::streambuf {
  public:
-  // `mode` are the bits of std::ios_base::openmode.
   FileReadBuffer(const String& name, int mode);
 
   // False when the file did not open or is a directory.
@@ -64,7 +64,7 @@ class FileWriteBuffer : public std::streambuf {
   // Writes what the block still holds.
   ~FileWriteBuffer() override;
 
-  boolean isOpen() const { return file.isOpen(); }
+  boolean isWritable() const { return writable; }
 
  protected:
   int_type overflow(int_type ch) override;
@@ -73,5 +73,6 @@ class FileWriteBuffer : public std::streambuf {
 
  private:
   FileDescriptor file;
+  boolean writable;
   std::array<char, 4096> block;
 };

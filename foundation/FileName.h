@@ -8,7 +8,7 @@
 class FileName {
  public:
   FileName() = default;
-  explicit FileName(const String& source);
+  FileName(const String& source);
   FileName(const String& library, const String& qualifier, const String& member, const String& extension);
 
   void setSource(const String& source);

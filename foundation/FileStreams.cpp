@@ -9,7 +9,7 @@ class OutputFile : public std::ostream {
   OutputFile(const String& name, int mode) : std::ostream(nullptr), buffer(name, mode)
   {
     rdbuf(&buffer);
-    if (!buffer.isOpen()) setstate(failbit);
+    if (!buffer.isWritable()) setstate(failbit);
   }
 
  private:

@@ -7,6 +7,7 @@ class Path : public String {
  public:
   Path() = default;
   explicit Path(const String& text) : String(text) {}
+  using String::operator=;
 
   // True when the text holds nothing but ":" characters.
   boolean isEmpty() const;

@@ -1,19 +1,36 @@
 #include "foundation/ReadStream.h"
 
 #include <algorithm>
-#include <new>
+#include <exception>
 
 #include "foundation/Allocate.h"
 
+// Runs a read; memory that cannot be had for what it brings is a failure of the stream.
+template <class Read>
+void ReadStream::guard(Read readIt)
+{
+  try {
+    readIt();
+  } catch (const std::exception&) {
+    stream->setstate(std::ios_base::badbit);
+  }
+}
+
 int ReadStream::getChar() { return stream->get(); }
 
-int ReadStream::peekChar() const { return stream->peek(); }
+int ReadStream::peekChar() const { return endOfFile() ? -1 : stream->peek(); }
 
 void ReadStream::read(unsigned char* p, unsigned int n) { stream->read(reinterpret_cast<char*>(p), n); }
 
-void ReadStream::getString(String& s, unsigned int n) { s.get(*stream, n); }
+void ReadStream::getString(String& s, unsigned int n)
+{
+  guard([&] { s.get(*stream, n); });
+}
 
-void ReadStream::getLine(String& s, char delimiter) { s.getLine(*stream, delimiter); }
+void ReadStream::getLine(String& s, char delimiter)
+{
+  guard([&] { s.getLine(*stream, delimiter); });
+}
 
 ReadStream& ReadStream::operator>>(String& s)
 {
@@ -59,13 +76,9 @@ void ReadStream::appendBytes(ByteString& b, unsigned int most)
     const std::streamsize announced = available();
     if (announced <= 0 && endOfFile()) return;
     const auto piece = static_cast<unsigned int>(std::min<std::streamsize>(wanted, std::max(announced, step)));
-    try {
-      unsigned char* room = b.extend(piece);
-      read(room, piece);
-    } catch (const std::bad_alloc&) {
-      stream->setstate(std::ios_base::badbit);
-      return;
-    }
+    const unsigned int start = b.length();
+    guard([&] { read(b.extend(piece), piece); });
+    if (b.length() == start) return;
     const auto got = static_cast<unsigned int>(stream->gcount());
     b.remove(b.length() - (piece - got), piece - got);
     if (stream->eof() && !stream->bad()) clearFailure();

@@ -45,6 +45,8 @@ class ReadStream {
   std::istream* stream;
 
  private:
+  template <class Read>
+  void guard(Read readIt);
   std::streamsize available() const;
   void appendBytes(ByteString& b, unsigned int most);
 };

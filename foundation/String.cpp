@@ -28,9 +28,11 @@ unsigned int TextLength(const char* text)
 
 unsigned char Byte(char ch) { return static_cast<unsigned char>(ch); }
 
-void AssertIndex(unsigned int index, unsigned int length, const char* function, unsigned int line = __builtin_LINE())
+// The index, asserted to be inside.
+unsigned int Inside(unsigned int index, unsigned int length, const char* function, unsigned int line = __builtin_LINE())
 {
   Assert(index < length, "index < len", "String", function, line);
+  return index;
 }
 
 void AssertPosition(unsigned int position, unsigned int length, const char* function,
@@ -38,6 +40,9 @@ void AssertPosition(unsigned int position, unsigned int length, const char* func
 {
   Assert(position <= length, "position <= len", "String", function, line);
 }
+
+// memcmp, with null pointers allowed when n is 0.
+int CompareBytes(const char* a, const char* b, unsigned int n) { return n != 0 ? std::memcmp(a, b, n) : 0; }
 
 String Joined(const char* a, unsigned int aLength, const char* b, unsigned int bLength)
 {
@@ -100,50 +105,42 @@ void String::clear()
 
 char& String::operator[](int index)
 {
-  AssertIndex(static_cast<unsigned int>(index), len, "char &String::operator[] (int)");
-  return buffer[index];
+  return buffer[Inside(static_cast<unsigned int>(index), len, "char &String::operator[] (int)")];
 }
 
 char& String::operator[](long index)
 {
-  AssertIndex(static_cast<unsigned int>(Low32(index)), len, "char &String::operator[] (long int)");
-  return buffer[Low32(index)];
+  return buffer[Inside(static_cast<unsigned int>(Low32(index)), len, "char &String::operator[] (long int)")];
 }
 
 char& String::operator[](unsigned int index)
 {
-  AssertIndex(index, len, "char &String::operator[] (unsigned int)");
-  return buffer[index];
+  return buffer[Inside(index, len, "char &String::operator[] (unsigned int)")];
 }
 
 char& String::operator[](unsigned long index)
 {
-  AssertIndex(Low32(index), len, "char &String::operator[] (long unsigned int)");
-  return buffer[Low32(index)];
+  return buffer[Inside(Low32(index), len, "char &String::operator[] (long unsigned int)")];
 }
 
 char String::operator[](int index) const
 {
-  AssertIndex(static_cast<unsigned int>(index), len, "char String::operator[] (int) const");
-  return buffer[index];
+  return buffer[Inside(static_cast<unsigned int>(index), len, "char String::operator[] (int) const")];
 }
 
 char String::operator[](long index) const
 {
-  AssertIndex(static_cast<unsigned int>(Low32(index)), len, "char String::operator[] (long int) const");
-  return buffer[Low32(index)];
+  return buffer[Inside(static_cast<unsigned int>(Low32(index)), len, "char String::operator[] (long int) const")];
 }
 
 char String::operator[](unsigned int index) const
 {
-  AssertIndex(index, len, "char String::operator[] (unsigned int) const");
-  return buffer[index];
+  return buffer[Inside(index, len, "char String::operator[] (unsigned int) const")];
 }
 
 char String::operator[](unsigned long index) const
 {
-  AssertIndex(Low32(index), len, "char String::operator[] (long unsigned int) const");
-  return buffer[Low32(index)];
+  return buffer[Inside(Low32(index), len, "char String::operator[] (long unsigned int) const")];
 }
 
 String& String::append(const char* p, unsigned int n)
@@ -364,12 +361,12 @@ unsigned long String::AtoUL(int base) const
 
 boolean String::Equal(const char* a, unsigned int aLength, const char* b, unsigned int bLength)
 {
-  return aLength == bLength && std::memcmp(a, b, aLength) == 0;
+  return aLength == bLength && CompareBytes(a, b, aLength) == 0;
 }
 
 int String::Compare(const char* a, unsigned int aLength, const char* b, unsigned int bLength)
 {
-  if (const int difference = std::memcmp(a, b, MIN(aLength, bLength))) return difference;
+  if (const int difference = CompareBytes(a, b, MIN(aLength, bLength))) return difference;
   const long long difference = static_cast<long long>(aLength) - bLength;
   return static_cast<int>(std::clamp<long long>(difference, INT32_MIN, INT32_MAX));
 }
@@ -378,12 +375,13 @@ std::istream& String::getLine(std::istream& stream, char delimiter)
 {
   clear();
   while (!stream.fail()) {
-    if (len > MaximumLength - 1 - lineChunk) {
+    const unsigned int room = MIN(lineChunk, MaximumLength - 1 - len);
+    if (room == 0) {
       stream.setstate(std::ios_base::failbit);
       break;
     }
     char chunk[lineChunk + 1];
-    stream.get(chunk, sizeof chunk, delimiter);
+    stream.get(chunk, room + 1, delimiter);
     append(chunk, static_cast<unsigned int>(stream.gcount()));
     // get() reports an empty chunk as a failure; with input left it is only the delimiter that comes next.
     if (stream.rdstate() == std::ios_base::failbit) stream.clear();
@@ -442,9 +440,7 @@ boolean operator==(const String& a, const String& b) { return String::Equal(a, a
 
 boolean operator==(const String& a, const char* b) { return String::Equal(a, a.length(), b, TextLength(b)); }
 
-boolean operator!=(const String& a, const String& b) { return !(a == b); }
-
-boolean operator!=(const String& a, const char* b) { return !(a == b); }
+boolean operator==(const String& a, char* b) { return a == static_cast<const char*>(b); }
 
 boolean operator>(const String& a, const String& b) { return String::Compare(a, a.length(), b, b.length()) > 0; }
 

@@ -99,7 +99,7 @@ class String {
   static int Compare(const char* a, unsigned int aLength, const char* b, unsigned int bLength);
 
   // Reads one line, of any length; the delimiter is consumed and not stored. A last line without one is a line. A line
-  // of more than 4294967295 bytes, and an end of input before any byte, set the stream's failure.
+  // of more than 4294967294 bytes, and an end of input before any byte, set the stream's failure.
   std::istream& getLine(std::istream& stream, char delimiter);
   // Skips white space and reads up to the next white space, which stays in the stream.
   std::istream& getWord(std::istream& stream);
@@ -128,10 +128,11 @@ String operator+(const char* a, const String& b);
 String operator+(const String& a, char b);
 String operator+(char a, const String& b);
 
+// != and a text on the left follow from these. The form for a changeable text keeps the conversion of a String to a
+// pointer out of the choice.
 boolean operator==(const String& a, const String& b);
 boolean operator==(const String& a, const char* b);
-boolean operator!=(const String& a, const String& b);
-boolean operator!=(const String& a, const char* b);
+boolean operator==(const String& a, char* b);
 boolean operator>(const String& a, const String& b);
 
 // Writes all length() characters unformatted.

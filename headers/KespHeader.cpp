@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "foundation/Allocate.h"
 #include "foundation/Assertion.h"
 #include "foundation/ByteOrder.h"
 
@@ -11,6 +12,8 @@ constexpr unsigned int fixedSize = sizeof(KESPHDR);
 constexpr int shortVersion = 2;
 
 KESPHDR& CastToStructKESPHDR(ByteString& bytes) { return ViewAs<KESPHDR>(bytes); }
+
+const KESPHDR& CastToConstStructKESPHDR(const ByteString& bytes) { return ViewAs<KESPHDR>(bytes); }
 
 template <class Field>
 unsigned int EndOf(Field KESPHDR::*member)
@@ -72,19 +75,25 @@ KespHeader::KespHeader(const ByteString& bytes)
   }
 }
 
-// Null when the header ends before the field does.
+// The header's bytes that belong to fields: version 2 has none from the update time on.
+unsigned int KespHeader::fieldBytes() const
+{
+  return version == shortVersion ? MIN(header.length(), offsetof(KESPHDR, lidUpdateTime)) : header.length();
+}
+
+// Null when the header does not hold the whole field.
 template <class Field>
 Field* KespHeader::field(Field KESPHDR::*member, const char* function, unsigned int line)
 {
   Assert(valid(), "valid()", "KespHeader", function, line);
-  return EndOf(member) <= header.length() ? &(CastToStructKESPHDR(header).*member) : nullptr;
+  return EndOf(member) <= fieldBytes() ? &(CastToStructKESPHDR(header).*member) : nullptr;
 }
 
 template <class Field>
 const Field* KespHeader::field(Field KESPHDR::*member, const char* function, unsigned int line) const
 {
   Assert(valid(), "valid()", "KespHeader", function, line);
-  return EndOf(member) <= header.length() ? &(ViewAs<KESPHDR>(header).*member) : nullptr;
+  return EndOf(member) <= fieldBytes() ? &(CastToConstStructKESPHDR(header).*member) : nullptr;
 }
 
 unsigned short KespHeader::getMagicNumber() const
@@ -198,14 +207,14 @@ void KespHeader::setPhylumData(ByteString& data)
 template <class Field>
 void KespHeader::convert(Field KESPHDR::*member)
 {
-  if (EndOf(member) <= header.length()) ToFileOrder(CastToStructKESPHDR(header).*member);
+  if (EndOf(member) <= fieldBytes()) ToFileOrder(CastToStructKESPHDR(header).*member);
 }
 
 void KespHeader::Endian()
 {
   Assert(valid(), "valid()", "KespHeader", "void KespHeader::Endian ()");
   const auto convertDigits = [this](unsigned int begin, unsigned int end) {
-    end = std::min(end, header.length());
+    end = MIN(end, fieldBytes());
     if (begin < end) htonb(reinterpret_cast<char*>(header.getBytePointer() + begin), static_cast<int>(end - begin));
   };
   convert(&KESPHDR::magicNumber);
@@ -216,10 +225,8 @@ void KespHeader::Endian()
   convert(&KESPHDR::lidLength);
   convert(&KESPHDR::headerLength);
   if (version == 0) version = CastToStructKESPHDR(header).version;
-  if (version != shortVersion) {
-    convertDigits(offsetof(KESPHDR, lidUpdateTime), offsetof(KESPHDR, phylumLength));
-    convert(&KESPHDR::phylumLength);
-  }
+  convertDigits(offsetof(KESPHDR, lidUpdateTime), offsetof(KESPHDR, phylumLength));
+  convert(&KESPHDR::phylumLength);
 }
 
 ByteString KespHeader::getByteString() const

@@ -45,8 +45,8 @@ static_assert(offsetof(KESPHDR, lidUpdateTime) == 96);
 static_assert(offsetof(KESPHDR, phylumLength) == 102);
 static_assert(sizeof(KESPHDR) == 104);
 
-// Every operation but valid(), writeHeader() and destruction asserts valid(). A field that a short version-2 header
-// does not hold whole reads as zeros and is not written.
+// Every operation but valid(), writeHeader() and destruction asserts valid(). A field that a version-2 header does
+// not hold whole reads as zeros and is not written.
 class KespHeader {
  public:
   static constexpr unsigned short lidMagicNumber = 0x0222;
@@ -89,6 +89,7 @@ class KespHeader {
   boolean valid() const { return isValid; }
 
  private:
+  unsigned int fieldBytes() const;
   template <class Field>
   Field* field(Field KESPHDR::*member, const char* function, unsigned int line = __builtin_LINE());
   template <class Field>

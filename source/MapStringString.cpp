@@ -27,29 +27,37 @@ MapNodeStringString* MapStringString::search(const String& key) const
   return node != nullptr && node->key == key ? node : nullptr;
 }
 
-// The link to the first node whose key is not smaller, which is the last link when all are; `previous` becomes the
-// node that holds the link, null for `head`.
-MapNodeStringString*& MapStringString::linkTo(const String& key, MapNodeStringString*& previous)
+// The place of the key: the link to the first node whose key is not smaller, which is the last link when all are, and
+// the node that holds this link, null for `head`.
+MapStringString::Place MapStringString::placeOf(const String& key)
 {
-  previous = nullptr;
-  MapNodeStringString** link = &head;
-  while (*link != nullptr && key > (*link)->key) {
-    previous = *link;
-    link = &previous->next;
+  Place place = {&head, nullptr};
+  while (*place.link != nullptr && key > (*place.link)->key) {
+    place.previous = *place.link;
+    place.link = &place.previous->next;
   }
-  return *link;
+  return place;
+}
+
+boolean MapStringString::holds(const Place& place, const String& key)
+{
+  return *place.link != nullptr && (*place.link)->key == key;
+}
+
+void MapStringString::insert(const Place& place, const String& key, const String& value)
+{
+  auto* node = new MapNodeStringString(key, value);
+  node->next = *place.link;
+  *place.link = node;
+  if (node->next == nullptr) tail = node;
+  entries++;
 }
 
 void MapStringString::add(const String& key, const String& value)
 {
-  AssertMap(includes(key) == 0, "!includes(key)", "void MapStringString::add (const String &, const String &)");
-  MapNodeStringString* previous = nullptr;
-  MapNodeStringString*& link = linkTo(key, previous);
-  auto* node = new MapNodeStringString(key, value);
-  node->next = link;
-  link = node;
-  if (node->next == nullptr) tail = node;
-  entries++;
+  const Place place = placeOf(key);
+  AssertMap(!holds(place, key), "!includes(key)", "void MapStringString::add (const String &, const String &)");
+  insert(place, key, value);
 }
 
 void MapStringString::replace(const String& key, const String& value)
@@ -75,22 +83,23 @@ String& MapStringString::get(const String& key)
 
 void MapStringString::remove(const String& key)
 {
-  AssertMap(includes(key) == 1, "includes(key)", "void MapStringString::remove (const String &)");
-  MapNodeStringString* previous = nullptr;
-  MapNodeStringString*& link = linkTo(key, previous);
-  MapNodeStringString* removed = link;
-  link = removed->next;
-  if (removed == tail) tail = previous;
+  const Place place = placeOf(key);
+  AssertMap(holds(place, key), "includes(key)", "void MapStringString::remove (const String &)");
+  MapNodeStringString* removed = *place.link;
+  *place.link = removed->next;
+  if (removed == tail) tail = place.previous;
   delete removed;
   entries--;
 }
 
+// One walk for both cases: a source stores each of its statements through here.
 void MapStringString::put(const String& key, const String& value)
 {
-  if (includes(key) == 1) {
-    replace(key, value);
+  const Place place = placeOf(key);
+  if (holds(place, key)) {
+    (*place.link)->value = value;
   } else {
-    add(key, value);
+    insert(place, key, value);
   }
 }
 

@@ -37,7 +37,13 @@ class MapStringString {
   void assign(const MapStringString& other);
 
  private:
-  MapNodeStringString*& linkTo(const String& key, MapNodeStringString*& previous);
+  struct Place {
+    MapNodeStringString** link;
+    MapNodeStringString* previous;
+  };
+  Place placeOf(const String& key);
+  static boolean holds(const Place& place, const String& key);
+  void insert(const Place& place, const String& key, const String& value);
   void append(MapNodeStringString* node);
 
   MapNodeStringString* head = nullptr;

@@ -1,6 +1,7 @@
 #include "source/SPASourceProgram.h"
 
 #include <algorithm>
+#include <new>
 
 #include "source/SPAOption.h"
 #include "source/SPASourceStmt.h"
@@ -10,17 +11,25 @@ namespace {
 constexpr const char* vpdinfoLabels[] = {"PRODUCTID", "INSTRSET", "SWRTYPE",  "DEVELBY",
                                          "DEVELFOR",  "DEVLABID", "VERLEVEL", "RELMODLVL"};
 
+void Store(const SPASourceStmt& statement, boolean restricted)
+{
+  if (statement.isStmt() == 0) return;
+  String label = statement.getLabel();
+  if (!restricted || labelOk(label) == 1) SPAOption::SetStringValue(label, statement.getValue());
+}
+
 }  // namespace
 
 int SPASourceProgram::read(ReadStream& stream, boolean& restricted)
 {
-  String line;
-  while (!stream.endOfFile()) {
-    stream.getLine(line, '\n');
-    const SPASourceStmt statement(line);
-    if (statement.isStmt() == 0) continue;
-    String label = statement.getLabel();
-    if (!restricted || labelOk(label) == 1) SPAOption::SetStringValue(label, statement.getValue());
+  try {
+    String line;
+    while (!stream.endOfFile()) {
+      stream.getLine(line, '\n');
+      if (!stream.failure()) Store(SPASourceStmt(line), restricted);
+    }
+  } catch (const std::bad_alloc&) {  // a line or a source that memory cannot hold
+    stream.setFailure();
   }
   return stream.failure() ? 1 : 0;
 }

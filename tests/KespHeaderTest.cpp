@@ -61,6 +61,7 @@ TEST(KespHeaderTest, CutHeaderGivesBackItsBytesAndNothingBehindThemIsTouched)
     SetAll(shortForm);
     EXPECT_TRUE(shortForm.getLidDateTime() != nullptr && shortForm.getLidUpdateTime() != nullptr);
     EXPECT_EQ(shortForm.getByteString().length(), held.size()) << shortForm.getMagicNumber() << shortForm.getLength();
+    EXPECT_EQ(Hex(shortForm.getByteString()(96, 8)), Hex(held.substr(std::min(held.size(), 96UL))));
   }
 }
 

@@ -50,6 +50,17 @@ TEST(ReadFileStreamTest, FilesOfEverySizeAreReadWholeAndAgainFromAnOffset)
   }
 }
 
+TEST(ReadStreamTest, LookingAtTheEndIsNoFailureAndAReadBeyondMemoryIs)
+{
+  std::istringstream in("a");
+  ReadStream stream(&in);
+  String text;
+  EXPECT_EQ(stream.getChar(), 'a');
+  EXPECT_TRUE(stream.peekChar() == -1 && stream.peekChar() == -1 && !stream.failure());
+  stream.getString(text, 4294967295U);
+  EXPECT_TRUE(stream.failure() && text.empty());
+}
+
 TEST(WriteStreamTest, BytesPassUnchangedAndNumbersAreThirtyTwoBitsInTheBase)
 {
   std::ostringstream out;
@@ -75,6 +86,8 @@ TEST(WriteFileStreamTest, NewFilesGetTheirPermissionsAndOldOnesAreEmptiedFirst)
     EXPECT_EQ(folder.read(name), "x") << name;
   }
   WriteFileStream nowhere(Name(folder / "missing/file"), std::ios::out), full(Name("/dev/full"), std::ios::out);
+  full.putByteString(ByteString());  // no bytes, no block
+  EXPECT_FALSE(full.failure());
   nowhere << "x", full << "x", full.flush();
   EXPECT_TRUE(nowhere.failure() && full.failure());
 }

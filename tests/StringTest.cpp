@@ -85,6 +85,8 @@ TEST(StringTest, OrderIsThatOfUnsignedBytesAndThenOfLengths)
     for (const String& b : sorted)
       EXPECT_TRUE((a > b) == (&a > &b) && (a == b) == (&a == &b) && (a != b) == (&a != &b)) << a << " and " << b;
   EXPECT_TRUE("a"_s == "a" && "a"_s != "ab" && "a\0"_s != "a" && String::Compare("a", 1, "abc", 3) == -2);
+  char changeable[] = "a";
+  EXPECT_TRUE("a"_s == changeable && "a" == "a"_s && "b" != "a"_s && String::Equal(nullptr, 0, nullptr, 0));
   EXPECT_TRUE(insensitive_memcmp("aB\xe9", "Ab\xe9", 3) == 0 && insensitive_memcmp("\xe9", "A", 1) == 0xe9 - 'a');
 }
 
