@@ -114,12 +114,8 @@ boolean Morvik::isProductInformation() const { return sourceType == "VPDINFO" ||
 // Beside the RUVPD source, under the name that it gives or the default one.
 FileName Morvik::vpdinfoName() const
 {
-  String name = ruvpdSource.getLibrary();
-  if (!name.empty() && name[name.length() - 1] != '/') name += '/';
   const String given = SPAOption::StringValid("VPDINFONM") == 1 ? SPAOption::GetStringValue("VPDINFONM") : String();
-  name += given.empty() ? systemName : given;
-  name += ".vpdinfo";
-  return FileName(name);
+  return Build(ruvpdSource.getLibrary(), String(), given.empty() ? systemName : given, "vpdinfo");
 }
 
 int Morvik::openSource(FileName& file, boolean& restricted)

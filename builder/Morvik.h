@@ -23,8 +23,9 @@ class Morvik {
   ByteString morvikGetHeader() const { return header; }
   // Writes the code's message as a line to standard error; nothing for a code that the builder does not know.
   void morvikPrintError(int code) const;
-  // Reads one source; when `restricted`, only the VPDINFO keywords of it. A file that cannot be opened or read is
-  // reported, on standard error and by 50, 51, 60 or 61, when its extension is exactly "lidhdr" or "vpdinfo".
+  // Reads one source; when `restricted`, only the VPDINFO keywords of it. Only for the extensions "lidhdr" and
+  // "vpdinfo", in lower case, it has something to say: that the file was opened, on standard error, and that it cannot
+  // be opened or read, on standard error and by 50, 51, 60 or 61.
   int openSource(FileName& file, boolean& restricted);
   // Whether the file is one of the sources that this builder was given or has named.
   boolean readsFrom(const FileStatus& file) const;

@@ -1,6 +1,7 @@
 #include "builder/MorvikCreateHeader.h"
 
 #include <optional>
+#include <span>
 
 #include "builder/Morvik.h"
 #include "foundation/Allocate.h"
@@ -63,17 +64,21 @@ boolean IsShort(const String& memberName) { return memberName.length() <= sizeof
 
 unsigned int FillLength(unsigned int alignment) { return (alignment - headersLength % alignment) % alignment; }
 
+// The keyword's value, which may be empty; nothing when it is not given.
 std::optional<String> Given(const char* keyword)
 {
   if (SPAOption::StringValid(keyword) == 0) return std::nullopt;
   return SPAOption::GetStringValue(keyword);
 }
 
+// The keyword's value; empty when it is not given.
+String ValueOf(const char* keyword) { return Given(keyword).value_or(String()); }
+
 void SetPlainFields(VitalProductDataHeaderX& vpd, std::span<const PlainField> fields)
 {
   for (const PlainField& field : fields) {
-    const auto value = Given(field.keyword);
-    if (value && !value->empty()) (vpd.*field.set)(*value);
+    const String value = ValueOf(field.keyword);
+    if (!value.empty()) (vpd.*field.set)(value);
   }
 }
 
@@ -114,9 +119,9 @@ int SetProductInformation(VitalProductDataHeaderX& vpd)
 {
   SetPlainFields(vpd, productFields);
   for (const CheckedField& field : checkedProductFields) {
-    const auto value = Given(field.keyword);
-    if (!value || value->empty()) continue;
-    if (const int code = (vpd.*field.set)(*value)) return code;
+    const String value = ValueOf(field.keyword);
+    if (value.empty()) continue;
+    if (const int code = (vpd.*field.set)(value)) return code;
   }
   return 0;
 }
@@ -130,7 +135,7 @@ int SetSystemFields(SystemSpecificDataHeaderX& ssd)
     if (const int code = (ssd.*field.set)(*value)) return code;
   }
   // A unit that bypasses the link/loader has no destination, whatever RUDEST says.
-  if (Given("LLBYPASS") == "Y") return ssd.setReplaceableUnitDestination();
+  if (ValueOf("LLBYPASS") == "Y") return ssd.setReplaceableUnitDestination();
   return 0;
 }
 
@@ -164,12 +169,11 @@ int MorvikCreateHeader(Morvik* builder)
   ssd.setReplaceableUnitTypeOption(builder->ruType);
 
   const ByteString fill(FillLength(builder->bodyAlignment), 0x00);
-  const auto ssdOffset = static_cast<unsigned int>(vpd.getVitalProductDataBodyOffset());
-  vpd.setVitalProductDataBodyOffset(ssdOffset + ssd.getLength() + fill.length());
+  const auto vpdLength = static_cast<unsigned int>(vpd.getVitalProductDataBodyOffset());
+  const unsigned int bodyOffset = vpdLength + ssd.getLength() + fill.length();
+  vpd.setVitalProductDataBodyOffset(bodyOffset);
   builder->header += vpd.getByteString();
-  if (!IsShort(memberName)) {
-    ssd.setReplaceableUnitNameOffset(builder->header.length() + ssd.getLength() + fill.length());
-  }
+  if (!IsShort(memberName)) ssd.setReplaceableUnitNameOffset(bodyOffset);
   builder->header += ssd.getByteString();
   builder->header += fill;
   if (!IsShort(memberName)) {

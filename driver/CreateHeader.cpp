@@ -96,7 +96,7 @@ int CreateHeader(Kelvra* app)
   if (lid.failure()) return 33;
   const FileStatus lidStatus(app->lidFile);
   if (!lidStatus.valid()) return 32;
-  // A LID that a byte string can count, but not the offsets behind it.
+  // Just below 4 GiB the end of the output has no 32-bit offset. From 4 GiB on the reading below fails.
   if (lidStatus.size() <= MaximumLength && lidStatus.size() > MaximumLength - frontLength) return 32;
   lid.appendByteString(output);
   if (lid.failure()) return 33;
@@ -116,10 +116,12 @@ int CreateHeader(Kelvra* app)
   output.replace(0, frontLength, Front(builder.morvikGetHeader(), lidLength, build.seconds));
 
   const FileStatus existing(app->outputFile);
-  const boolean writable = existing.valid() && !existing.sameFile(lidStatus) && !builder.readsFrom(existing);
-  if (!writable && !existing.missing()) return 34;
+  if (!existing.missing()) {
+    if (!existing.valid()) return 34;  // whatever it is, it could be an input
+    if (existing.sameFile(lidStatus) || builder.readsFrom(existing)) return 34;
+  }
   WriteFileStream out(app->outputFile, std::ios_base::out);
   if (out.failure()) return 34;
   out.putByteString(output);
-  return code;
+  return 0;
 }

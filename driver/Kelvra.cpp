@@ -31,14 +31,16 @@ constexpr MessageRow messages[] = {
 static_assert(std::size(messages) == 14);
 constexpr int generalFailure = 101;
 
-constexpr const char* usageTexts[] = {" -r partname.lidhdr", " -l partname.kesp", " -o outfile.ruhx", ""};
-
 struct FileOption {
   const char* word;
+  const char* usage;
   FileName Kelvra::*file;
 };
 constexpr FileOption fileOptions[] = {
-    {"-r", &Kelvra::ruvpdFile}, {"-l", &Kelvra::lidFile}, {"-o", &Kelvra::outputFile}};
+    {"-r", " -r partname.lidhdr", &Kelvra::ruvpdFile},
+    {"-l", " -l partname.kesp", &Kelvra::lidFile},
+    {"-o", " -o outfile.ruhx", &Kelvra::outputFile},
+};
 
 // The option that the argument's first two characters name, or null.
 const FileOption* FindOption(const char* argument)
@@ -105,6 +107,6 @@ int Parse(Kelvra* app, int argc, char** argv)
 void ShowUsage(const Kelvra* app)
 {
   String usage = "Usage : " + app->getName();
-  for (const char* const* text = usageTexts; **text != '\0'; text++) usage += *text;
+  for (const FileOption& option : fileOptions) usage += option.usage;
   PrintErrorLine(usage);
 }

@@ -10,15 +10,10 @@
 
 namespace {
 
-void AssertByte(unsigned int n, unsigned int length, const char* function, unsigned int line = __builtin_LINE())
+void AssertBelow(unsigned int n, unsigned int length, const char* expression, const char* function,
+                 unsigned int line = __builtin_LINE())
 {
-  Assert(n < length, "n < len", "ByteString", function, line);
-}
-
-void AssertByteNumber(unsigned int byteNumber, unsigned int length, const char* function,
-                      unsigned int line = __builtin_LINE())
-{
-  Assert(byteNumber < length, "byteNumber < len", "ByteString", function, line);
+  Assert(n < length, expression, "ByteString", function, line);
 }
 
 void AssertPosition(unsigned int position, unsigned int length, const char* function,
@@ -90,51 +85,51 @@ void ByteString::init(unsigned char fill) { std::fill_n(buffer, len, fill); }
 
 void ByteString::setNthByte(unsigned int n, unsigned char value)
 {
-  AssertByte(n, len, "void ByteString::setNthByte (unsigned int, unsigned char)");
+  AssertBelow(n, len, "n < len", "void ByteString::setNthByte (unsigned int, unsigned char)");
   buffer[n] = value;
 }
 
 unsigned char ByteString::getNthByte(unsigned int n) const
 {
-  AssertByte(n, len, "unsigned char ByteString::getNthByte (unsigned int) const");
+  AssertBelow(n, len, "n < len", "unsigned char ByteString::getNthByte (unsigned int) const");
   return buffer[n];
 }
 
 unsigned char& ByteString::operator[](unsigned int n)
 {
-  AssertByte(n, len, "unsigned char &ByteString::operator[] (unsigned int)");
+  AssertBelow(n, len, "n < len", "unsigned char &ByteString::operator[] (unsigned int)");
   return buffer[n];
 }
 
 unsigned char ByteString::operator[](unsigned int n) const
 {
-  AssertByte(n, len, "unsigned char ByteString::operator[] (unsigned int) const");
+  AssertBelow(n, len, "n < len", "unsigned char ByteString::operator[] (unsigned int) const");
   return buffer[n];
 }
 
 void ByteString::setNthNibble(unsigned int n, unsigned char value)
 {
-  AssertByteNumber(n / 2, len, "void ByteString::setNthNibble (unsigned int, unsigned char)");
+  AssertBelow(n / 2, len, "byteNumber < len", "void ByteString::setNthNibble (unsigned int, unsigned char)");
   const unsigned int kept = buffer[n / 2] & (0xF0U >> NibbleShift(n));
   buffer[n / 2] = static_cast<unsigned char>(kept | (value & 0x0FU) << NibbleShift(n));
 }
 
 unsigned char ByteString::getNthNibble(unsigned int n) const
 {
-  AssertByteNumber(n / 2, len, "unsigned char ByteString::getNthNibble (unsigned int) const");
+  AssertBelow(n / 2, len, "byteNumber < len", "unsigned char ByteString::getNthNibble (unsigned int) const");
   return (buffer[n / 2] >> NibbleShift(n)) & 0x0F;
 }
 
 void ByteString::setNthBit(unsigned int n, boolean value)
 {
-  AssertByteNumber(n / 8, len, "void ByteString::setNthBit (unsigned int, boolean)");
+  AssertBelow(n / 8, len, "byteNumber < len", "void ByteString::setNthBit (unsigned int, boolean)");
   const unsigned int others = buffer[n / 8] & ~static_cast<unsigned int>(BitMask(n));
   buffer[n / 8] = static_cast<unsigned char>(value ? others | BitMask(n) : others);
 }
 
 boolean ByteString::getNthBit(unsigned int n) const
 {
-  AssertByteNumber(n / 8, len, "boolean ByteString::getNthBit (unsigned int) const");
+  AssertBelow(n / 8, len, "byteNumber < len", "boolean ByteString::getNthBit (unsigned int) const");
   return (buffer[n / 8] & BitMask(n)) != 0;
 }
 

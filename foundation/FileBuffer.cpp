@@ -85,7 +85,7 @@ off_t FileDescriptor::size() const
 FileReadBuffer::FileReadBuffer(const String& name, int mode)
     : file(name, mode | std::ios_base::in), fileSize(file.size())
 {
-  if (isReadable() && (mode & std::ios_base::ate) != 0) readEnd = file.seek(0, SEEK_END);
+  if (isOpen() && (mode & std::ios_base::ate) != 0) readEnd = file.seek(0, SEEK_END);
   if (readEnd < 0) fileSize = -1;
 }
 
@@ -127,7 +127,7 @@ FileReadBuffer::pos_type FileReadBuffer::seekoff(off_type offset, std::ios_base:
 {
   const off_t buffered = egptr() - gptr();
   if (from == std::ios_base::cur && offset == 0) {  // where the reader is; pipes have no position to ask for
-    return isReadable() ? pos_type(readEnd - buffered) : pos_type(off_type(-1));
+    return isOpen() ? pos_type(readEnd - buffered) : pos_type(off_type(-1));
   }
   const off_t target = from == std::ios_base::cur ? readEnd - buffered + offset : offset;
   const off_t reached = file.seek(target, from == std::ios_base::end ? SEEK_END : SEEK_SET);
@@ -144,7 +144,7 @@ FileReadBuffer::pos_type FileReadBuffer::seekpos(pos_type position, std::ios_bas
 
 FileWriteBuffer::FileWriteBuffer(const String& name, int mode) : file(name, mode | std::ios_base::out)
 {
-  writable = file.isOpen() && ((mode & std::ios_base::ate) == 0 || file.seek(0, SEEK_END) >= 0);
+  opened = file.isOpen() && ((mode & std::ios_base::ate) == 0 || file.seek(0, SEEK_END) >= 0);
   setp(block.data(), block.data() + block.size());
 }
 

@@ -40,8 +40,8 @@ class FileReadBuffer : public std::streambuf {
  public:
   FileReadBuffer(const String& name, int mode);
 
-  // False when the file did not open or is a directory.
-  boolean isReadable() const { return fileSize >= 0; }
+  // False also for a directory, which opens but cannot be read.
+  boolean isOpen() const { return fileSize >= 0; }
 
  protected:
   int_type underflow() override;
@@ -64,7 +64,7 @@ class FileWriteBuffer : public std::streambuf {
   // Writes what the block still holds.
   ~FileWriteBuffer() override;
 
-  boolean isWritable() const { return writable; }
+  boolean isOpen() const { return opened; }
 
  protected:
   int_type overflow(int_type ch) override;
@@ -73,6 +73,6 @@ class FileWriteBuffer : public std::streambuf {
 
  private:
   FileDescriptor file;
-  boolean writable;
+  boolean opened;
   std::array<char, 4096> block;
 };

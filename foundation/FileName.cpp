@@ -31,6 +31,7 @@ void Extract(const String& source, String& library, String& qualifier, String& m
   const unsigned int base = slash == end ? 0 : slash + 1;
   const unsigned int dot = LastIndex(source, '.', base);
   const boolean extended = dot + 1 < end;
+  // All cut out before any is assigned: the source may be one of the results.
   const String parts[] = {source(0, base), source(base, (extended ? dot : end) - base),
                           extended ? source(dot + 1, end) : String()};
   qualifier.clear();

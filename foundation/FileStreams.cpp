@@ -4,40 +4,32 @@
 
 namespace {
 
-class OutputFile : public std::ostream {
+// A standard stream with the buffer of its file.
+template <class Stream, class Buffer>
+class FileStream : public Stream {
  public:
-  OutputFile(const String& name, int mode) : std::ostream(nullptr), buffer(name, mode)
+  FileStream(const FileName& name, int mode) : Stream(nullptr), buffer(name.getSource(), mode)
   {
-    rdbuf(&buffer);
-    if (!buffer.isWritable()) setstate(failbit);
+    this->rdbuf(&buffer);
+    if (!buffer.isOpen()) this->setstate(std::ios_base::failbit);
   }
 
  private:
-  FileWriteBuffer buffer;
+  Buffer buffer;
 };
 
-class InputFile : public std::istream {
- public:
-  InputFile(const String& name, int mode) : std::istream(nullptr), buffer(name, mode)
-  {
-    rdbuf(&buffer);
-    if (!buffer.isReadable()) setstate(failbit);
-  }
-
- private:
-  FileReadBuffer buffer;
-};
+using OutputFile = FileStream<std::ostream, FileWriteBuffer>;
+using InputFile = FileStream<std::istream, FileReadBuffer>;
 
 }  // namespace
 
-WriteFileStream::WriteFileStream(const FileName& name, int mode) : WriteStream(new OutputFile(name.getSource(), mode))
-{}
+WriteFileStream::WriteFileStream(const FileName& name, int mode) : WriteStream(new OutputFile(name, mode)) {}
 
 WriteFileStream::WriteFileStream(const FileName& name, const String&) : WriteFileStream(name, std::ios_base::out) {}
 
 WriteFileStream::~WriteFileStream() { delete stream; }
 
-ReadFileStream::ReadFileStream(const FileName& name, int mode) : ReadStream(new InputFile(name.getSource(), mode))
+ReadFileStream::ReadFileStream(const FileName& name, int mode) : ReadStream(new InputFile(name, mode))
 {
   if (!name.isValid()) setFailure();
 }

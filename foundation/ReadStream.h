@@ -18,7 +18,7 @@ class ReadStream {
   // The next byte as 0 to 255, or -1 at the end of the input; consumed, or only looked at.
   int getChar();
   int peekChar() const;
-  // Up to n bytes.
+  // Up to n bytes; how many came is not told, and a read cut short by the end leaves the failure.
   void read(unsigned char* p, unsigned int n);
   // The string becomes up to n raw characters.
   void getString(String& s, unsigned int n);
@@ -39,6 +39,7 @@ class ReadStream {
   boolean endOfFile() const;
   boolean failure() const { return stream->fail(); }
   void setFailure();
+  // Takes back the failure, whatever set it; the end-of-input flag stays.
   void clearFailure();
 
  protected:

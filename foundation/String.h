@@ -88,7 +88,8 @@ class String {
   String& ultoa(unsigned long value, const char* format);
 
   // Text view. The leading number in the base (as strtol takes it: 2 to 36, or 0 for prefixes), 0 when there is none.
-  // AtoI and AtoL saturate at the signed 32-bit limits, AtoUL at 4294967295; AtoUI gives the bits of AtoI.
+  // AtoI and AtoL saturate at the signed 32-bit limits, AtoUL at 4294967295, where a minus negates modulo 2^32; AtoUI
+  // gives the bits of AtoI.
   int AtoI(int base) const;
   unsigned int AtoUI(int base) const;
   long AtoL(int base) const;

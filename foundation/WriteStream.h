@@ -28,6 +28,7 @@ class WriteStream {
   boolean isOpen() const { return open; }
   boolean failure() const { return stream->fail(); }
   void setFailure();
+  // Takes back the failure, whatever set it.
   void clearFailure();
 
   // Strings and characters as they are; numbers, 32 bits wide, as text in the current base.

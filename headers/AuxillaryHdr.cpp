@@ -1,6 +1,7 @@
 #include "headers/AuxillaryHdr.h"
 
 #include "foundation/Assertion.h"
+#include "headers/HeaderRecord.h"
 
 namespace {
 
@@ -10,11 +11,9 @@ AUXILLARYHDR& CastToStructAUXILLARYHDR(ByteString& bytes) { return ViewAs<AUXILL
 
 }  // namespace
 
-AuxillaryHdr::AuxillaryHdr(unsigned int length)
-    : bytes(ZeroBytes(length, sizeof(AUXILLARYHDR))), isValid(!bytes.empty())
-{}
+AuxillaryHdr::AuxillaryHdr(unsigned int length) : bytes(ZeroBytes(length, sizeof(AUXILLARYHDR))) {}
 
-AuxillaryHdr::AuxillaryHdr(const ByteString& b) : bytes(AtLeast(b, fullFormSize)), isValid(!bytes.empty()) {}
+AuxillaryHdr::AuxillaryHdr(const ByteString& b) : bytes(AtLeast(b, fullFormSize)) {}
 
 AUXILLARYHDR& AuxillaryHdr::header(const char* function, unsigned int line)
 {

@@ -4,7 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "headers/HeaderRecord.h"
+#include "foundation/ByteString.h"
+#include "foundation/WriteStream.h"
 
 struct AUXILLARYHDR {
   std::uint16_t magicNumber;            // 0: 0x010B
@@ -46,11 +47,10 @@ class AuxillaryHdr {
   // Writes all the bytes, of an invalid record none; whether the stream reports no failure afterwards.
   boolean writeHeader(WriteStream& out) const;
   unsigned int getLength() const { return bytes.length(); }
-  boolean valid() const { return isValid; }
+  boolean valid() const { return !bytes.empty(); }
 
  private:
   AUXILLARYHDR& header(const char* function, unsigned int line = __builtin_LINE());
 
-  ByteString bytes;
-  boolean isValid;
+  ByteString bytes;  // none when the record is invalid
 };

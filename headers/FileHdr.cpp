@@ -1,6 +1,7 @@
 #include "headers/FileHdr.h"
 
 #include "foundation/Assertion.h"
+#include "headers/HeaderRecord.h"
 
 namespace {
 
@@ -8,11 +9,9 @@ FILEHDR& CastToStructFILEHDR(ByteString& bytes) { return ViewAs<FILEHDR>(bytes);
 
 }  // namespace
 
-FileHdr::FileHdr(unsigned int length) : bytes(ZeroBytes(length, sizeof(FILEHDR))), isValid(!bytes.empty()) {}
+FileHdr::FileHdr(unsigned int length) : bytes(ZeroBytes(length, sizeof(FILEHDR))) {}
 
-FileHdr::FileHdr(const ByteString& b)
-    : bytes(AtLeast(ByteString(b, sizeof(FILEHDR)), sizeof(FILEHDR))), isValid(!bytes.empty())
-{}
+FileHdr::FileHdr(const ByteString& b) : bytes(AtLeast(ByteString(b, sizeof(FILEHDR)), sizeof(FILEHDR))) {}
 
 FILEHDR& FileHdr::header(const char* function, unsigned int line)
 {

@@ -5,6 +5,7 @@
 #include "foundation/Allocate.h"
 #include "foundation/Assertion.h"
 #include "foundation/ByteOrder.h"
+#include "headers/HeaderRecord.h"
 
 namespace {
 

@@ -8,7 +8,8 @@
 #include <cstdint>
 #include <ctime>
 
-#include "headers/HeaderRecord.h"
+#include "foundation/ByteString.h"
+#include "foundation/WriteStream.h"
 
 struct KESPHDR {
   std::uint16_t magicNumber;       // 0: 0x0222

@@ -2,7 +2,10 @@
 
 #include <arpa/inet.h>
 
+#include <span>
+
 #include "foundation/Assertion.h"
+#include "headers/HeaderRecord.h"
 
 namespace {
 
@@ -45,13 +48,9 @@ int StoreCode(unsigned char& field, std::span<const CodedValue> values, const St
 
 }  // namespace
 
-SystemSpecificDataHeaderX::SystemSpecificDataHeaderX(unsigned int length)
-    : bytes(ZeroBytes(length, sizeof(RUSSD))), isValid(!bytes.empty())
-{}
+SystemSpecificDataHeaderX::SystemSpecificDataHeaderX(unsigned int length) : bytes(ZeroBytes(length, sizeof(RUSSD))) {}
 
-SystemSpecificDataHeaderX::SystemSpecificDataHeaderX(const ByteString& block)
-    : bytes(AtLeast(block, sizeof(RUSSD))), isValid(!bytes.empty())
-{}
+SystemSpecificDataHeaderX::SystemSpecificDataHeaderX(const ByteString& block) : bytes(AtLeast(block, sizeof(RUSSD))) {}
 
 RUSSD& SystemSpecificDataHeaderX::header(const char* function, unsigned int line)
 {

@@ -5,7 +5,8 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "headers/HeaderRecord.h"
+#include "foundation/ByteString.h"
+#include "foundation/WriteStream.h"
 
 // The place of a name that is longer than its field.
 struct LONGRUNAME {
@@ -83,11 +84,10 @@ class SystemSpecificDataHeaderX {
   ByteString getByteString() const;
   // Writes all the bytes, of an invalid record none; whether the stream reports no failure afterwards.
   boolean writeHeader(WriteStream& out) const;
-  boolean valid() const { return isValid; }
+  boolean valid() const { return !bytes.empty(); }
 
  private:
   RUSSD& header(const char* function, unsigned int line = __builtin_LINE());
 
-  ByteString bytes;
-  boolean isValid;
+  ByteString bytes;  // none when the record is invalid
 };

@@ -1,6 +1,7 @@
 #include "headers/ScnHdr.h"
 
 #include "foundation/Assertion.h"
+#include "headers/HeaderRecord.h"
 
 namespace {
 
@@ -18,9 +19,9 @@ ByteString FilledUp(ByteString bytes)
 
 }  // namespace
 
-ScnHdr::ScnHdr(unsigned int length) : bytes(ZeroBytes(length, sizeof(SCNHDR))), isValid(!bytes.empty()) {}
+ScnHdr::ScnHdr(unsigned int length) : bytes(ZeroBytes(length, sizeof(SCNHDR))) {}
 
-ScnHdr::ScnHdr(const ByteString& b) : bytes(AtLeast(FilledUp(b), sizeof(SCNHDR))), isValid(!bytes.empty()) {}
+ScnHdr::ScnHdr(const ByteString& b) : bytes(AtLeast(FilledUp(b), sizeof(SCNHDR))) {}
 
 SCNHDR& ScnHdr::header(const char* function, unsigned int line)
 {

@@ -4,7 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "headers/HeaderRecord.h"
+#include "foundation/ByteString.h"
+#include "foundation/WriteStream.h"
 
 struct SCNHDR {
   unsigned char name[8];              // 0: EBCDIC, zeros behind a shorter name
@@ -53,11 +54,10 @@ class ScnHdr {
   // Writes all the bytes, of an invalid record none; whether the stream reports no failure afterwards.
   boolean writeHeader(WriteStream& out) const;
   unsigned int getLength() const { return bytes.length(); }
-  boolean valid() const { return isValid; }
+  boolean valid() const { return !bytes.empty(); }
 
  private:
   SCNHDR& header(const char* function, unsigned int line = __builtin_LINE());
 
-  ByteString bytes;
-  boolean isValid;
+  ByteString bytes;  // none when the record is invalid
 };

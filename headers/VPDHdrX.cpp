@@ -3,9 +3,12 @@
 #include <arpa/inet.h>
 
 #include <bit>
+#include <numeric>
+#include <span>
 
 #include "foundation/Assertion.h"
 #include "foundation/ByteOrder.h"
+#include "headers/HeaderRecord.h"
 
 namespace {
 
@@ -16,6 +19,8 @@ const VPDHDR& CastToConstStructVPDHDR(const ByteString& bytes) { return ViewAs<V
 // Widths in bits of the flags, in their order.
 constexpr unsigned int flags1Widths[] = {1, 1, 1, 1, 1, 1, 2, 3, 5, 10, 1, 1, 4};
 constexpr unsigned int flags2Widths[] = {1, 3, 4, 1, 1, 6};
+static_assert(std::accumulate(std::begin(flags1Widths), std::end(flags1Widths), 0U) == 32);
+static_assert(std::accumulate(std::begin(flags2Widths), std::end(flags2Widths), 0U) == 16);
 
 constexpr CodedValue bodyTypes[] = {{"VPDINFO", 3}, {"PFGINFO", 2}, {"SFGINFO", 1}, {"CODE", 0}};
 
@@ -35,13 +40,9 @@ Word PackedFromTheTop(Word packedFromTheBottom, std::span<const unsigned int> wi
 
 }  // namespace
 
-VitalProductDataHeaderX::VitalProductDataHeaderX(unsigned int length)
-    : bytes(ZeroBytes(length, sizeof(VPDHDR))), isValid(!bytes.empty())
-{}
+VitalProductDataHeaderX::VitalProductDataHeaderX(unsigned int length) : bytes(ZeroBytes(length, sizeof(VPDHDR))) {}
 
-VitalProductDataHeaderX::VitalProductDataHeaderX(const ByteString& block)
-    : bytes(AtLeast(block, sizeof(VPDHDR))), isValid(!bytes.empty())
-{}
+VitalProductDataHeaderX::VitalProductDataHeaderX(const ByteString& block) : bytes(AtLeast(block, sizeof(VPDHDR))) {}
 
 VPDHDR& VitalProductDataHeaderX::header(const char* function, unsigned int line)
 {

@@ -5,7 +5,8 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "headers/HeaderRecord.h"
+#include "foundation/ByteString.h"
+#include "foundation/WriteStream.h"
 
 // Flags are declared in the order of their places in the wire form, from the most significant bit downward. A
 // little-endian host packs them from the least significant bit upward; Endian() moves them.
@@ -104,12 +105,13 @@ class VitalProductDataHeaderX {
   // The load module's size in bytes.
   void setVPDRULength(unsigned int length);
   size_t getVPDRULength() const;
+  // Upper-cased.
   void setReplaceableUnitName(const String& value);
   // The 8 characters of the field, blanks included.
   String getReplaceableUnitName() const;
   // The first 8 of the value's hexadecimal digits; an odd number of digits counts as preceded by a 0. With fewer than
   // 7 digits, or a character that is none, the field stays and a line on standard error says so. A load ID other than
-  // zeros sets the load-ID-present flag.
+  // zeros sets the load-ID-present flag; nothing clears it.
   void setReplaceableUnitLoadId(const String& value);
   // Flags: "Y" sets, "N" clears, any other value changes nothing.
   void setReplaceableUnitChangeLid(const String& value);
@@ -148,12 +150,11 @@ class VitalProductDataHeaderX {
   ByteString getByteString() const;
   // Writes all the bytes, of an invalid record none; whether the stream reports no failure afterwards.
   boolean writeHeader(WriteStream& out) const;
-  boolean valid() const { return isValid; }
+  boolean valid() const { return !bytes.empty(); }
 
  private:
   VPDHDR& header(const char* function, unsigned int line = __builtin_LINE());
   const VPDHDR& header(const char* function, unsigned int line = __builtin_LINE()) const;
 
-  ByteString bytes;
-  boolean isValid;
+  ByteString bytes;  // none when the record is invalid
 };

@@ -8,8 +8,8 @@ cmake --build --preset release --target kelvra
 
 output=build/demo/part.ruhx
 mkdir -p build/demo
-echo "== kelvra -l examples/part.kesp -o $output"
-build/release/kelvra -l examples/part.kesp -o "$output"
+echo "== TZ=UTC0 kelvra -l examples/part.kesp -o $output"
+TZ=UTC0 build/release/kelvra -l examples/part.kesp -o "$output"
 
 # Shows the bytes from an offset on, up to a length, in hexadecimal or as EBCDIC text.
 bytes() { od -A n -v -t x1 -j "$1" -N "$2" "$output"; }

@@ -105,11 +105,7 @@ void MapStringString::put(const String& key, const String& value)
 
 void MapStringString::clear()
 {
-  while (head != nullptr) {
-    MapNodeStringString* next = head->next;
-    delete head;
-    head = next;
-  }
+  deleteFrom(head);
   tail = nullptr;
   entries = 0;
 }
@@ -126,15 +122,21 @@ void MapStringString::assign(const MapStringString& other)
     link = &reused->next;
     from = from->next;
   }
-  MapNodeStringString* left = *link;
-  *link = nullptr;
+  deleteFrom(*link);
   tail = reused;
-  while (left != nullptr) {
-    MapNodeStringString* next = left->next;
-    delete left;
-    left = next;
-  }
   for (; from != nullptr; from = from->next) append(new MapNodeStringString(from->key, from->value));
+}
+
+// Ends the list at the link and deletes what followed.
+void MapStringString::deleteFrom(MapNodeStringString*& link)
+{
+  MapNodeStringString* node = link;
+  link = nullptr;
+  while (node != nullptr) {
+    MapNodeStringString* next = node->next;
+    delete node;
+    node = next;
+  }
 }
 
 void MapStringString::append(MapNodeStringString* node)

@@ -44,6 +44,7 @@ class MapStringString {
   Place placeOf(const String& key);
   static boolean holds(const Place& place, const String& key);
   void insert(const Place& place, const String& key, const String& value);
+  static void deleteFrom(MapNodeStringString*& link);
   void append(MapNodeStringString* node);
 
   MapNodeStringString* head = nullptr;

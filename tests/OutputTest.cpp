@@ -201,6 +201,7 @@ TEST(Codes, FailedRunSaysWhyAndLeavesTheFileThatItShouldHaveWritten)
       {51, mem + "part.lidhdr", "File name is part.lidhdr.\n" + kRead + "Error reading RUVPD source file.\n" + kFailed},
       {60, "rm qel.vpdinfo", kRead + "File name is qel" + noInfo},
       {60, "echo ':VPDINFONM.d/prod' > part.lidhdr", kRead + "File name is d/prod" + noInfo},
+      {60, "printf ':VPDINFONM.part.kesp\\0x' > part.lidhdr", kRead + "File name is part.kesp\0x"s + noInfo},
       {61, mem + "qel.vpdinfo",
        kRead + "File name is qel.vpdinfo.\n" + kInfo + "Error reading VPDINFO source file.\n" + kFailed}};
   for (const std::string input : {"part.kesp", "part.lidhdr", "qel.vpdinfo"}) {  // as the output
