@@ -213,7 +213,7 @@ const char* String::reSizeAround(const char* p, unsigned int n)
     reSize(n);
     return p;
   }
-  const std::ptrdiff_t offset = p - buffer;
+  const std::uintptr_t offset = reinterpret_cast<std::uintptr_t>(p) - reinterpret_cast<std::uintptr_t>(buffer);
   reSize(n);
   return buffer + offset;
 }
