@@ -32,26 +32,23 @@ bool PointsInto(const Byte* p, const Byte* block, unsigned int size)
   return reinterpret_cast<std::uintptr_t>(p) - reinterpret_cast<std::uintptr_t>(block) < size;
 }
 
-// From this size on a block is worth huge pages: filling it costs more in page faults than in copying.
-constexpr unsigned int hugeBlock = 4U << 20;
-
-// Asks the operating system for huge pages behind the whole pages of the block. A hint: it may be refused.
-void AskForHugePages(void* block, unsigned int size);
+// n bytes, contents undefined. Large blocks get huge pages where the operating system grants them: filling a block of
+// small pages costs more in page faults than in copying.
+[[nodiscard]] void* AllocateBlock(unsigned int n);
+void DeAllocateBlock(void* block);
 
 // A new array of n bytes, contents undefined, to be freed with DeAllocate. Byte is char or unsigned char.
 template <class Byte = char>
 [[nodiscard]] Byte* Allocate(unsigned int n)
 {
-  Byte* block = new Byte[n];
-  if (n >= hugeBlock) AskForHugePages(block, n);
-  return block;
+  return static_cast<Byte*>(AllocateBlock(n));
 }
 
 // Frees the array; null is allowed.
 template <class Byte>
 void DeAllocate(Byte* p)
 {
-  delete[] p;
+  DeAllocateBlock(p);
 }
 
 // A new array of newSize bytes that begins with the first oldSize bytes of p; p, which may be null, is freed.
