@@ -128,6 +128,7 @@ int Morvik::openSource(FileName& file, boolean& restricted)
     ReportUnusable(file);
     return reported->openError;
   }
+  sources.push_back(stream.status());
   sourceProgram = std::make_unique<SPASourceProgram>();
   boolean restriction = restricted;
   const boolean failed = sourceProgram->read(stream, restriction) != 0;
@@ -135,11 +136,6 @@ int Morvik::openSource(FileName& file, boolean& restricted)
   if (failed) ReportUnusable(file);
   PrintErrorLine(reported->readLine + file.getSource());
   return failed ? reported->readError : 0;
-}
-
-boolean Morvik::readsFrom(const FileStatus& file) const
-{
-  return file.sameFile(FileStatus(ruvpdSource)) || file.sameFile(FileStatus(vpdinfoSource));
 }
 
 void Morvik::morvikPrintError(int code) const

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <memory>
+#include <vector>
 
 #include "foundation/ByteString.h"
 #include "foundation/FileName.h"
@@ -27,8 +28,8 @@ class Morvik {
   // "vpdinfo", in lower case, it has something to say: that the file was opened, on standard error, and that it cannot
   // be opened or read, on standard error and by 50, 51, 60 or 61.
   int openSource(FileName& file, boolean& restricted);
-  // Whether the file is one of the sources that this builder was given or has named.
-  boolean readsFrom(const FileStatus& file) const;
+  // The files that were opened as sources.
+  const std::vector<FileStatus>& sourceFiles() const { return sources; }
 
  private:
   friend int MorvikCreateHeader(Morvik* builder);
@@ -47,4 +48,5 @@ class Morvik {
   FileName vpdinfoSource;
   std::unique_ptr<SPASourceProgram> sourceProgram;
   ByteString header;
+  std::vector<FileStatus> sources;
 };

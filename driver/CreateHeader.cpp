@@ -1,6 +1,7 @@
 #include "driver/CreateHeader.h"
 
 #include <ctime>
+#include <vector>
 
 #include "builder/Morvik.h"
 #include "builder/MorvikCreateHeader.h"
@@ -94,7 +95,7 @@ int CreateHeader(Kelvra* app)
 
   ReadFileStream lid(app->lidFile, std::ios_base::in);
   if (lid.failure()) return 33;
-  const FileStatus lidStatus(app->lidFile);
+  const FileStatus& lidStatus = lid.status();
   if (!lidStatus.valid()) return 32;
   // Just below 4 GiB the end of the output has no 32-bit offset. From 4 GiB on the reading below fails.
   if (lidStatus.size() <= MaximumLength && lidStatus.size() > MaximumLength - frontLength) return 32;
@@ -115,12 +116,9 @@ int CreateHeader(Kelvra* app)
   }
   output.replace(0, frontLength, Front(builder.morvikGetHeader(), lidLength, build.seconds));
 
-  const FileStatus existing(app->outputFile);
-  if (!existing.missing()) {
-    if (!existing.valid()) return 34;  // whatever it is, it could be an input
-    if (existing.sameFile(lidStatus) || builder.readsFrom(existing)) return 34;
-  }
-  WriteFileStream out(app->outputFile, std::ios_base::out);
+  std::vector<FileStatus> inputs = builder.sourceFiles();
+  inputs.push_back(lidStatus);
+  WriteFileStream out(app->outputFile, inputs);
   if (out.failure()) return 34;
   out.putByteString(output);
   return 0;

@@ -1,28 +1,28 @@
 #include "foundation/FileBuffer.h"
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
-#include <optional>
 #include <system_error>
 
 namespace {
 
 constexpr mode_t createdFilePermissions = 0664;
 
-// What open(2) takes for the mode bits, as the standard's file streams read them; nothing for bits that contradict
+constexpr int refused = -1;
+
+// The flags of open(2) for the mode bits, as the standard's file streams read them; `refused` for bits that contradict
 // each other.
-std::optional<int> OpenFlags(int mode)
+int OpenFlags(int mode)
 {
   const boolean reads = (mode & std::ios_base::in) != 0;
   const boolean appends = (mode & std::ios_base::app) != 0;
   const boolean writes = appends || (mode & std::ios_base::out) != 0;
   const boolean truncates = (mode & std::ios_base::trunc) != 0;
-  if (truncates && (appends || !writes)) return std::nullopt;
+  if (truncates && (appends || !writes)) return refused;
   if (!writes) return O_RDONLY;
   const int access = reads ? O_RDWR : O_WRONLY;
   if (appends) return access | O_CREAT | O_APPEND;
@@ -33,13 +33,14 @@ boolean HoldsNul(const String& name) { return std::strlen(name) != name.length()
 
 }  // namespace
 
-FileDescriptor::FileDescriptor(const String& name, int mode)
+int FileDescriptor::open(const String& name, int flags)
 {
-  const auto flags = OpenFlags(mode);
-  if (!flags || HoldsNul(name)) return;
+  if (flags == refused) return EINVAL;
+  if (HoldsNul(name)) return ENOENT;
   do {
-    number = ::open(name, *flags | O_CLOEXEC, createdFilePermissions);
-  } while (number < 0 && errno == EINTR);
+    number = ::open(name, flags | O_CLOEXEC, createdFilePermissions);
+  } while (!isOpen() && errno == EINTR);
+  return isOpen() ? 0 : errno;
 }
 
 FileDescriptor::~FileDescriptor()
@@ -73,20 +74,21 @@ std::streamsize FileDescriptor::write(const char* p, std::streamsize n) const
 
 off_t FileDescriptor::seek(off_t offset, int whence) const { return ::lseek(number, offset, whence); }
 
-off_t FileDescriptor::size() const
+boolean FileDescriptor::truncate() const
 {
-  struct stat status;
-  if (!isOpen()) return -1;
-  if (::fstat(number, &status) != 0) return 0;
-  if (S_ISDIR(status.st_mode)) return -1;
-  return S_ISREG(status.st_mode) ? status.st_size : 0;
+  int result = 0;
+  do {
+    result = ::ftruncate(number, 0);
+  } while (result != 0 && errno == EINTR);
+  return result == 0;
 }
 
 FileReadBuffer::FileReadBuffer(const String& name, int mode)
-    : file(name, mode | std::ios_base::in), fileSize(file.size())
 {
-  if (isOpen() && (mode & std::ios_base::ate) != 0) readEnd = file.seek(0, SEEK_END);
-  if (readEnd < 0) fileSize = -1;
+  if (file.open(name, OpenFlags(mode | std::ios_base::in)) != 0) return;
+  openStatus = file.status();
+  if ((mode & std::ios_base::ate) != 0) readEnd = file.seek(0, SEEK_END);
+  opened = !openStatus.isDirectory() && readEnd >= 0;
 }
 
 FileReadBuffer::int_type FileReadBuffer::underflow()
@@ -121,7 +123,11 @@ std::streamsize FileReadBuffer::xsgetn(char* p, std::streamsize n)
   return got;
 }
 
-std::streamsize FileReadBuffer::showmanyc() { return fileSize > readEnd ? fileSize - readEnd : 0; }
+std::streamsize FileReadBuffer::showmanyc()
+{
+  const auto size = openStatus.isRegular() ? static_cast<off_t>(openStatus.size()) : 0;
+  return size > readEnd ? size - readEnd : 0;
+}
 
 FileReadBuffer::pos_type FileReadBuffer::seekoff(off_type offset, std::ios_base::seekdir from, std::ios_base::openmode)
 {
@@ -142,9 +148,25 @@ FileReadBuffer::pos_type FileReadBuffer::seekpos(pos_type position, std::ios_bas
   return seekoff(off_type(position), std::ios_base::beg, which);
 }
 
-FileWriteBuffer::FileWriteBuffer(const String& name, int mode) : file(name, mode | std::ios_base::out)
+FileWriteBuffer::FileWriteBuffer(const String& name, int mode)
 {
-  opened = file.isOpen() && ((mode & std::ios_base::ate) == 0 || file.seek(0, SEEK_END) >= 0);
+  opened = file.open(name, OpenFlags(mode | std::ios_base::out)) == 0;
+  if (opened && (mode & std::ios_base::ate) != 0) opened = file.seek(0, SEEK_END) >= 0;
+  setp(block.data(), block.data() + block.size());
+}
+
+// A file that the first open creates is no other's. One that exists is emptied only when it is known to be none of
+// those kept.
+FileWriteBuffer::FileWriteBuffer(const String& name, std::span<const FileStatus> kept)
+{
+  const int error = file.open(name, O_WRONLY | O_CREAT | O_EXCL);
+  opened = error == 0;
+  if (error == EEXIST && file.open(name, O_WRONLY | O_CREAT) == 0) {
+    const FileStatus status = file.status();
+    const boolean isKept =
+        std::any_of(kept.begin(), kept.end(), [&](const FileStatus& other) { return status.mayBeSameFile(other); });
+    opened = !isKept && (!status.isRegular() || status.size() == 0 || file.truncate());
+  }
   setp(block.data(), block.data() + block.size());
 }
 

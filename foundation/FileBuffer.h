@@ -6,31 +6,34 @@
 #include <sys/types.h>
 
 #include <array>
+#include <span>
 #include <streambuf>
 
+#include "foundation/FileStatus.h"
 #include "foundation/String.h"
 
-// An open file, closed with the object.
+// A file of the operating system, closed with the object.
 class FileDescriptor {
  public:
-  // `mode` are the bits of std::ios_base::openmode. Not open when the operating system refuses, when the bits
-  // contradict each other, or when the name holds a NUL byte. A file that the open creates gets the permissions 0664,
-  // less the process's umask.
-  FileDescriptor(const String& name, int mode);
+  FileDescriptor() = default;
   ~FileDescriptor();
   FileDescriptor(const FileDescriptor&) = delete;
   FileDescriptor& operator=(const FileDescriptor&) = delete;
 
+  // Opens the file with the flags of open(2); 0 or an errno value. To be called once, or again after a failure. A name
+  // that holds a NUL byte names no file. A file that the open creates gets the permissions 0664, less the process's
+  // umask.
+  int open(const String& name, int flags);
   boolean isOpen() const { return number >= 0; }
+  FileStatus status() const { return FileStatus(number); }
   // Up to n bytes, 0 at the end of the file; throws std::system_error when the file cannot be read.
   std::streamsize read(char* p, std::streamsize n) const;
   // All n bytes; the number written, which is less when the file refuses the rest.
   std::streamsize write(const char* p, std::streamsize n) const;
   // The new position, -1 on failure; `whence` as for lseek.
   off_t seek(off_t offset, int whence) const;
-  // What reading the file can bring: a regular file's size in bytes; 0 when that is unknown; -1 when nothing can be
-  // read, because the file is not open or is a directory.
-  off_t size() const;
+  // Makes the file empty; whether that succeeded.
+  boolean truncate() const;
 
  private:
   int number = -1;
@@ -38,10 +41,13 @@ class FileDescriptor {
 
 class FileReadBuffer : public std::streambuf {
  public:
+  // `mode` are the bits of std::ios_base::openmode.
   FileReadBuffer(const String& name, int mode);
 
   // False also for a directory, which opens but cannot be read.
-  boolean isOpen() const { return fileSize >= 0; }
+  boolean isOpen() const { return opened; }
+  // The file's status at the open.
+  const FileStatus& status() const { return openStatus; }
 
  protected:
   int_type underflow() override;
@@ -53,7 +59,8 @@ class FileReadBuffer : public std::streambuf {
 
  private:
   FileDescriptor file;
-  off_t fileSize;
+  FileStatus openStatus;
+  boolean opened = false;
   off_t readEnd = 0;  // position in the file of what the next read brings
   std::array<char, 4096> block;
 };
@@ -61,6 +68,8 @@ class FileReadBuffer : public std::streambuf {
 class FileWriteBuffer : public std::streambuf {
  public:
   FileWriteBuffer(const String& name, int mode);
+  // For output: a new file, or an old one emptied, but not one that may be among `kept`, which stays as it is.
+  FileWriteBuffer(const String& name, std::span<const FileStatus> kept);
   // Writes what the block still holds.
   ~FileWriteBuffer() override;
 

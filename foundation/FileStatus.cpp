@@ -2,11 +2,17 @@
 
 #include <cerrno>
 
-FileStatus::FileStatus(const FileName& name) : error(::stat(name.getSource(), &status) == 0 ? 0 : errno) {}
-
-boolean FileStatus::missing() const { return error == ENOENT || error == ENOTDIR; }
-
-boolean FileStatus::sameFile(const FileStatus& other) const
+FileStatus::FileStatus(int descriptor)
 {
-  return valid() && other.valid() && status.st_dev == other.status.st_dev && status.st_ino == other.status.st_ino;
+  int result = 0;
+  do {
+    result = ::fstat(descriptor, &status);
+  } while (result != 0 && errno == EINTR);
+  known = result == 0;
+}
+
+boolean FileStatus::mayBeSameFile(const FileStatus& other) const
+{
+  if (!valid() || !other.valid()) return true;
+  return status.st_dev == other.status.st_dev && status.st_ino == other.status.st_ino;
 }

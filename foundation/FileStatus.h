@@ -1,4 +1,4 @@
-// What the file system says of a named file, taken once when the object is made; symbolic links are followed.
+// What the operating system says of an open file, taken once when the object is made.
 #pragma once
 
 #include <sys/stat.h>
@@ -6,22 +6,25 @@
 #include <cstdint>
 #include <ctime>
 
-#include "foundation/FileName.h"
+#include "foundation/BasicTypes.h"
 
 class FileStatus {
  public:
-  explicit FileStatus(const FileName& name);
+  // Not known.
+  FileStatus() = default;
+  explicit FileStatus(int descriptor);
 
-  // Whether the file system gave the status; the rest holds only then.
-  boolean valid() const { return error == 0; }
-  // Whether it said for certain that there is no such file.
-  boolean missing() const;
+  // Whether the operating system gave the status; without it the file counts as of no kind and of size 0.
+  boolean valid() const { return known; }
+  boolean isDirectory() const { return S_ISDIR(status.st_mode); }
+  boolean isRegular() const { return S_ISREG(status.st_mode); }
+  // In bytes.
   std::uint64_t size() const { return static_cast<std::uint64_t>(status.st_size); }
   time_t modificationTime() const { return status.st_mtime; }
-  // Whether both are the same file under whatever names: same device and inode.
-  boolean sameFile(const FileStatus& other) const;
+  // False only when both are known to be different files: by device and inode, under whatever names.
+  boolean mayBeSameFile(const FileStatus& other) const;
 
  private:
   struct stat status = {};
-  int error;  // 0 or an errno value
+  boolean known = false;
 };

@@ -8,13 +8,13 @@ namespace {
 template <class Stream, class Buffer>
 class FileStream : public Stream {
  public:
-  FileStream(const FileName& name, int mode) : Stream(nullptr), buffer(name.getSource(), mode)
+  template <class How>
+  FileStream(const FileName& name, How how) : Stream(nullptr), buffer(name.getSource(), how)
   {
     this->rdbuf(&buffer);
     if (!buffer.isOpen()) this->setstate(std::ios_base::failbit);
   }
 
- private:
   Buffer buffer;
 };
 
@@ -27,6 +27,10 @@ WriteFileStream::WriteFileStream(const FileName& name, int mode) : WriteStream(n
 
 WriteFileStream::WriteFileStream(const FileName& name, const String&) : WriteFileStream(name, std::ios_base::out) {}
 
+WriteFileStream::WriteFileStream(const FileName& name, std::span<const FileStatus> kept)
+    : WriteStream(new OutputFile(name, kept))
+{}
+
 WriteFileStream::~WriteFileStream() { delete stream; }
 
 ReadFileStream::ReadFileStream(const FileName& name, int mode) : ReadStream(new InputFile(name, mode))
@@ -37,3 +41,5 @@ ReadFileStream::ReadFileStream(const FileName& name, int mode) : ReadStream(new 
 ReadFileStream::ReadFileStream(const FileName& name, const String&) : ReadFileStream(name, std::ios_base::in) {}
 
 ReadFileStream::~ReadFileStream() { delete stream; }
+
+const FileStatus& ReadFileStream::status() const { return static_cast<const InputFile*>(stream)->buffer.status(); }

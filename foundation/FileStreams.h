@@ -3,7 +3,10 @@
 // takes no part.
 #pragma once
 
+#include <span>
+
 #include "foundation/FileName.h"
+#include "foundation/FileStatus.h"
 #include "foundation/ReadStream.h"
 #include "foundation/WriteStream.h"
 
@@ -12,6 +15,8 @@ class WriteFileStream : public WriteStream {
  public:
   WriteFileStream(const FileName& name, int mode);
   WriteFileStream(const FileName& name, const String& text);
+  // For output, but in failure, with the file as it was, when it may be one of those kept.
+  WriteFileStream(const FileName& name, std::span<const FileStatus> kept);
   ~WriteFileStream() override;
 };
 
@@ -21,4 +26,7 @@ class ReadFileStream : public ReadStream {
   ReadFileStream(const FileName& name, int mode);
   ReadFileStream(const FileName& name, const String& text);
   ~ReadFileStream() override;
+
+  // The file's status when it was opened.
+  const FileStatus& status() const;
 };

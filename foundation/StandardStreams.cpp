@@ -1,5 +1,6 @@
 #include "foundation/StandardStreams.h"
 
+#include <cerrno>
 #include <iostream>
 
 StandardWriteStream::StandardWriteStream() : WriteStream(&std::cout) {}
@@ -10,7 +11,11 @@ StandardReadStream::StandardReadStream() : ReadStream(&std::cin) {}
 
 void PrintErrorLine(const String& line)
 {
+  const String whole = line + '\n';
   StandardErrorStream error;
-  error.putString(line + '\n');
-  error.flush();
+  do {
+    error.clearFailure();  // of an earlier line: each gets its own try
+    errno = 0;
+    error.putString(whole);
+  } while (error.failure() && errno == EINTR);
 }
