@@ -1,11 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <sstream>
-
 #include "headers/AsciiCharacter.h"
 #include "headers/AsciiEbcdic.h"
 #include "headers/EbcdicCharacter.h"
-#include "headers/UnsignedLongByteIterator.h"
 #include "headers/Word.h"
 #include "tests/TestSupport.h"
 
@@ -27,38 +24,48 @@ TEST(AsciiEbcdicTest, BothTablesTranslateEveryCode)
   }
 }
 
-// The bytes of `encoder` in a field of `width`, with "!" behind them where they are not the whole value.
-static std::string Field(const DataType& encoder, unsigned int width)
+// The encoder gives `hex` in a field of `width` bytes and tells whether anything was lost, whatever the flag was
+// before.
+static void ExpectField(const DataType& encoder, unsigned int width, const std::string& hex, bool lost)
 {
-  static boolean cut = false;  // kept from field to field, so that a flag that is left alone shows
-  const std::string bytes = Hex(encoder.toModifiedByteString(width, cut));
-  return cut ? bytes + "!" : bytes;
+  SCOPED_TRACE("\"" + hex + "\" in " + std::to_string(width));
+  for (boolean modified : {false, true}) {
+    EXPECT_EQ(Hex(encoder.toModifiedByteString(width, modified)), hex);
+    EXPECT_EQ(modified, lost);
+  }
 }
 
 TEST(TextEncodersTest, TextIsPaddedAndCutAndItsLastFourCharactersAreItsValue)
 {
-  EXPECT_EQ(Field(EbcdicCharacter("ab"), 4), "81 82 40 40");
-  EXPECT_EQ(Field(EbcdicCharacter("AB\xe1"), 2) + Field(EbcdicCharacter("A"), 0), "c1 c2!!");
-  EXPECT_EQ(Field(EbcdicCharacter("V\xe1"), 2) + Field(EbcdicCharacter(), 0), "e5 81");
-  EXPECT_EQ(Field(AsciiCharacter("a\xe1"), 3) + Field(AsciiCharacter("ab"), 1), "61 e1 2061!");
+  ExpectField(EbcdicCharacter("ab"), 4, "81 82 40 40", false);
+  ExpectField(EbcdicCharacter("AB\xe1"), 2, "c1 c2", true);
+  ExpectField(EbcdicCharacter("V\xe1"), 2, "e5 81", false);
+  ExpectField(EbcdicCharacter("A"), 0, "", true);
+  ExpectField(EbcdicCharacter(), 0, "", false);
+  ExpectField(AsciiCharacter("a\xe1"), 3, "61 e1 20", false);
+  ExpectField(AsciiCharacter("ab"), 1, "61", true);
   EXPECT_EQ(Text(EbcdicCharacter(Bytes("C1 40 41 00")).toString()), Raw("41 20 A6 00"));
   EXPECT_EQ(Hex(AsciiCharacter(Bytes("C1 40 41 00")).toByteString()), "c1 40 41 00");
-  EXPECT_EQ(EbcdicCharacter("ABCDE").getValue(), 0xC2C3C4C5);
+  EXPECT_EQ(EbcdicCharacter("ABCDE").getValue(), 0xC2C3C4C5U);
+  EXPECT_EQ(AsciiCharacter("ABCDE").getValue(), 0x42434445U);
   EXPECT_EQ(AsciiCharacter("A\xff").getValue(), 0x40FFU);  // as a signed character 0xFF adds -1
 }
 
-TEST(BinaryDataTest, NumbersLandBigEndianAtTheEndOfTheField)
+TEST(WordTest, NumberLandsBigEndianAtTheEndOfTheFieldAndTellsOfLostBytesOfItsMagnitude)
 {
-  std::istringstream rows(  // unsigned or signed, the value, the width and the field
-      "u 1193046 2 34 56!|u 4660 2 12 34|u 4660 6 00 00 00 00 12 34|u 0 0 !|u 16777216 3 00 00 00!|s 5 4 00 00 00 05|"
-      "u 4294967294 5 00 ff ff ff fe|u 4294967301 4 00 00 00 05|s 4660 1 34!|s 0 0 !|s -1 0 !|s -2 6 ff ff ff ff ff fe|"
-      "s -128 1 80|s -129 1 7f|s -256 1 00!|s -2147483648 4 80 00 00 00|s 4294967295 5 ff ff ff ff ff");
-  long value = 0, width = 0;
-  for (std::string kind, field; rows >> kind >> value >> width >> std::ws && std::getline(rows, field, '|');) {
-    const Word word = kind == "s" ? Word(value) : Word(static_cast<unsigned long>(value));
-    EXPECT_EQ(Field(word, static_cast<unsigned int>(width)), field) << kind << value << " in " << width;
-  }
-  std::string bytes;
-  for (UnsignedLongByteIterator it(0x12345678); it.valid(); it.next()) bytes += static_cast<char>(it.get());
-  EXPECT_EQ(Hex(bytes), "78 56 34 12");
+  ExpectField(Word(0x123456UL), 2, "34 56", true);
+  ExpectField(Word(0x1234UL), 6, "00 00 00 00 12 34", false);
+  ExpectField(Word(0x1000000UL), 3, "00 00 00", true);
+  ExpectField(Word(0xFFFFFFFEUL), 5, "00 ff ff ff fe", false);
+  ExpectField(Word(0x100001234UL), 2, "12 34", false);
+  ExpectField(Word(), 0, "", true);
+  ExpectField(Word(5L), 4, "00 00 00 05", false);
+  ExpectField(Word(0x1234L), 1, "34", true);
+  ExpectField(Word(-1L), 0, "", true);
+  ExpectField(Word(-2L), 6, "ff ff ff ff ff fe", false);
+  ExpectField(Word(-128L), 1, "80", false);
+  ExpectField(Word(-129L), 1, "7f", false);
+  ExpectField(Word(-256L), 1, "00", true);
+  ExpectField(Word(-0x80000000L), 4, "80 00 00 00", false);
+  ExpectField(Word(0xFFFFFFFFL), 5, "ff ff ff ff ff", false);
 }

@@ -9,20 +9,25 @@
 
 namespace {
 
-FileName Name(const std::string& path) { return FileName(String(path.c_str())); }
+using std::ios;
+
+FileName Name(const std::string& path) { return FileName(String(path.data(), static_cast<unsigned int>(path.size()))); }
 
 TEST(ReadStreamTest, ALineOfAnyLengthIsReadWholeWithAndWithoutItsDelimiter)
 {
   for (const size_t n : {0U, 1U, 127U, 128U, 129U, 255U, 256U, 257U, 300U, 384U})
     for (const std::string tail : {"", "\n", "\nnext"}) {
+      SCOPED_TRACE(std::to_string(n) + " characters and " + tail);
       const std::string line(n, '\0');
       std::istringstream in(line + tail);
       ReadStream stream(&in);
       String text("old"), next("old");
-      const boolean failed = (stream >> text).failure(), end = stream.endOfFile() && stream.endOfFile();
+      EXPECT_EQ((stream >> text).failure(), n + tail.size() == 0);
+      EXPECT_EQ(Text(text), line);
+      EXPECT_EQ(stream.endOfFile(), tail != "\nnext");
       stream.getLine(next, 'x');
-      EXPECT_TRUE(Text(text) == line && failed == (n + tail.size() == 0)) << n << tail;
-      EXPECT_TRUE(end == (tail != "\nnext") && stream.failure() == end && next == (end ? "" : "ne")) << n << tail;
+      EXPECT_EQ(Text(next), tail == "\nnext" ? "ne" : "");
+      EXPECT_EQ(stream.failure(), tail != "\nnext");
     }
 }
 
@@ -30,66 +35,116 @@ TEST(ReadFileStreamTest, FilesOfEverySizeAreReadWholeAndAgainFromAnOffset)
 {
   const TemporaryFolder folder;
   for (const unsigned int size : {0U, 1U, 4U, 255U, 256U, 257U, 512U, 4095U, 4096U, 4097U}) {
+    SCOPED_TRACE(size);
     std::string content(size, '\xff');
     for (unsigned int i = 1; i < size; i++) content[i] = static_cast<char>(i * 7);
-    ReadFileStream stream(Name(folder.write("file", content)), std::ios::in);
-    ByteString bytes = Bytes("11"), behind = bytes, part;
-    EXPECT_TRUE(stream.getByteString(bytes).getByteString(behind, 10).endOfFile() && !stream.failure() &&
-                stream.getOffset() == size)
-        << size;
-    stream.setOffset(9999), stream.getByteString(behind).setOffset(0);
-    EXPECT_TRUE(behind.empty() && stream.endOfFile() == (size == 0) && !stream.failure()) << size;
-    EXPECT_TRUE(stream.getByteString(part, 10).endOfFile() == (size <= 10) && !stream.failure()) << size;
-    EXPECT_EQ(Hex(bytes) + Hex(part), Hex(content) + Hex(content.substr(0, 10)));
-    EXPECT_EQ((stream.setOffset(0), stream.getChar()), size == 0 ? -1 : 255);
-  }
-  for (const std::string name : {"/missing", "", "/missing/", "/."}) {
-    ReadFileStream stream(Name(folder.path() + name), String("text"));
-    ByteString bytes = Bytes("11");
-    EXPECT_TRUE(stream.failure() && stream.getByteString(bytes).failure() && bytes.empty()) << name;
+    ReadFileStream stream(Name(folder.write("file", content)), ios::in);
+    ByteString bytes = Bytes("11"), part = bytes, behind = bytes;
+    EXPECT_EQ(stream.peekChar(), size == 0 ? -1 : 255);
+    stream.setOffset(0);
+    EXPECT_TRUE(stream.getByteString(bytes).getByteString(behind, 10).endOfFile());
+    EXPECT_EQ(Hex(bytes), Hex(content));
+    stream.setOffset(9999);
+    stream.appendByteString(behind).setOffset(0x100000000);
+    EXPECT_EQ(stream.getByteString(part, 10).endOfFile(), size <= 10);
+    EXPECT_EQ(Hex(part), Hex(content.substr(0, 10)));
+    EXPECT_EQ(stream.getOffset() + behind.length(), std::min(size, 10U));
+    EXPECT_FALSE(stream.failure());
   }
 }
 
-TEST(ReadStreamTest, LookingAtTheEndIsNoFailureAndAReadBeyondMemoryIs)
+TEST(ReadFileStreamTest, WhatCannotBeReadIsAFailureAndGivesNothing)
 {
-  std::istringstream in("a");
+  const TemporaryFolder folder;
+  for (const std::string& name : {folder / "missing", folder / "", folder / "missing/", folder / ".",
+                                  folder.write("name", "x") + '\0', std::string("/proc/self/mem")}) {
+    ReadFileStream stream(Name(name), String("text"));
+    ByteString bytes = Bytes("11");
+    EXPECT_EQ(stream.failure(), name != "/proc/self/mem") << name;
+    EXPECT_TRUE(stream.getByteString(bytes).failure()) << name;
+    EXPECT_EQ(Hex(bytes), "") << name;
+  }
+}
+
+TEST(ReadStreamTest, FailureComesOfReadingBeyondMemoryOrTheEndAndGoesWithoutTheEnd)
+{
+  std::istringstream in("\xff");
   ReadStream stream(&in);
   String text;
-  EXPECT_EQ(stream.getChar(), 'a');
-  EXPECT_TRUE(stream.peekChar() == -1 && stream.peekChar() == -1 && !stream.failure());
-  stream.getString(text, 4294967295U);
-  EXPECT_TRUE(stream.failure() && text.empty());
+  EXPECT_EQ(stream.getChar(), 255);
+  EXPECT_EQ(stream.peekChar() + stream.peekChar(), -2);
+  EXPECT_EQ(in.rdstate(), ios::eofbit);
+  stream.getString(text, 0xffffffff);
+  EXPECT_TRUE(stream.failure());
+  stream.clearFailure();
+  EXPECT_EQ(in.rdstate(), ios::eofbit);
+  stream.setOffset(2);
+  EXPECT_EQ(in.rdstate(), ios::failbit);
 }
 
 TEST(WriteStreamTest, BytesPassUnchangedAndNumbersAreThirtyTwoBitsInTheBase)
 {
   std::ostringstream out;
   WriteStream stream(&out);
-  stream.putChar('a'), stream.putString("b\0c"), stream.putString(String("d\0", 2)), stream.write("e\0", 2);
-  stream.putByteString(Bytes("00 ff")), stream << 'c' << "t" << String("\0", 1) << -1 << ' ' << -1L << ' ' << ~0UL;
-  stream << ' ' << 4294967304L << ' ', stream.setHexadecimal() << -1 << ' ' << -255L << ' ' << ~0UL << ' ';
-  stream.setOctal() << -1 << ' ' << 8U, stream.setDecimal() << 10;
-  EXPECT_EQ(Hex(out.str().substr(0, 11)), "61 62 64 00 65 00 00 ff 63 74 00");
-  EXPECT_EQ(out.str().substr(11), "-1 -1 4294967295 8 ffffffff ffffff01 ffffffff 37777777777 1010");
+  stream.putString("b\0c");
+  stream.write("e\0", 2);
+  stream.putByteString(Bytes("00 ff"));
+  stream << 'c' << "t" << String("\0", 1) << -1 << ' ' << -1L << ' ' << ~0UL << ' ' << 4294967304L << ' ';
+  stream.setHexadecimal() << -1 << ' ' << -255L << ' ' << ~0UL << ' ';
+  (stream.setOctal() << -1 << ' ' << 8U).setDecimal() << 10;
+  EXPECT_EQ(Hex(out.str().substr(0, 8)), "62 65 00 00 ff 63 74 00");
+  EXPECT_EQ(out.str().substr(8), "-1 -1 4294967295 8 ffffffff ffffff01 ffffffff 37777777777 1010");
 }
 
-TEST(WriteFileStreamTest, NewFilesGetTheirPermissionsAndOldOnesAreEmptiedFirst)
+TEST(WriteFileStreamTest, SmallAndLargeWritesKeepTheirOrderAndCloseFlushesOnce)
 {
   const TemporaryFolder folder;
-  for (const auto& [name, mask, mode] : {std::tuple("new", 0U, 0664U), {"cut", 027U, 0640U}, {"cut", 0U, 0640U}}) {
-    const mode_t old = umask(mask);
-    WriteFileStream(Name(folder / name), std::ios::out) << "long content";
-    WriteFileStream(Name(folder / name), String("in")) << "x";
-    umask(old);
-    struct stat status = {};
-    EXPECT_TRUE(stat((folder / name).c_str(), &status) == 0 && (status.st_mode & 0777U) == mode) << status.st_mode;
-    EXPECT_EQ(folder.read(name), "x") << name;
+  WriteFileStream stream(Name(folder / "file"), ios::out);
+  for (int i = 0; i < 5000; i++) stream.putChar('a');
+  (stream << std::string(5000, 'b').c_str() << 'c').close();
+  EXPECT_EQ(folder.read("file"), std::string(5000, 'a') + std::string(5000, 'b') + 'c');
+  (stream << "z").close();
+  EXPECT_EQ(folder.read("file").size(), 10001U);
+}
+
+TEST(WriteFileStreamTest, TheModeSaysWhatBecomesOfAnOldFile)
+{
+  const TemporaryFolder folder;
+  for (const auto& [mode, after] :
+       {std::pair(ios::app, "oldx"), {ios::in, "xld"}, {ios::in | ios::ate, "oldx"}, {ios::in | ios::trunc, "x"}}) {
+    folder.write("file", "old");
+    WriteFileStream(Name(folder / "file"), mode) << "x";
+    EXPECT_EQ(folder.read("file"), after) << mode;
   }
-  WriteFileStream nowhere(Name(folder / "missing/file"), std::ios::out), full(Name("/dev/full"), std::ios::out);
-  full.putByteString(ByteString());  // no bytes, no block
+  EXPECT_EQ(ReadFileStream(Name(folder / "file"), ios::ate).getOffset(), 1U);
+  EXPECT_TRUE(WriteFileStream(Name(folder / "file"), ios::app | ios::trunc).failure());
+  EXPECT_TRUE(WriteFileStream(Name(folder / "missing/file"), ios::out).failure());
+}
+
+TEST(WriteFileStreamTest, NewFilesGetTheirPermissionsAndOldOnesKeepThem)
+{
+  const TemporaryFolder folder;
+  const mode_t old = umask(0);
+  for (const auto& [name, mask, mode] : {std::tuple("new", 0U, 0664U), {"cut", 027U, 0640U}, {"cut", 0U, 0640U}}) {
+    umask(mask);
+    WriteFileStream(Name(folder / name), String("in")) << (mask == 0 ? "x" : "long");
+    struct stat status = {};
+    stat((folder / name).c_str(), &status);
+    EXPECT_EQ(status.st_mode & 0777U, mode) << name;
+  }
+  umask(old);
+  EXPECT_EQ(folder.read("cut"), "x");
+}
+
+TEST(WriteFileStreamTest, AFullFileFailsAtTheFlush)
+{
+  WriteFileStream full(Name("/dev/full"), ios::out);
+  (full << "x").putByteString(ByteString());  // no bytes, no block
   EXPECT_FALSE(full.failure());
-  nowhere << "x", full << "x", full.flush();
-  EXPECT_TRUE(nowhere.failure() && full.failure());
+  full.flush();
+  EXPECT_TRUE(full.failure());
+  full.clearFailure();
+  EXPECT_FALSE(full.failure());
 }
 
 struct Watched : WriteStream {
@@ -100,15 +155,18 @@ struct Watched : WriteStream {
 
 TEST(WriteStreamPtrTest, TheLastWrapperToReleaseDeletesTheStreamOnce)
 {
-  {
-    WriteStream* const raw = new Watched(nullptr);
-    WriteStreamPtr first(raw), second(first), third, empty(third);
-    third = second, third = *&third;
-    EXPECT_TRUE(first == third && &*first == raw && raw == third && empty != first && empty != raw && raw != empty);
-    first.release(), second = empty;
-    EXPECT_EQ(Watched::gone, 0);
-    third.release();
-  }
+  WriteStream* const raw = new Watched(nullptr);
+  WriteStreamPtr first(raw), second(first), third, empty(third);
+  third = second;
+  third = *&third;
+  EXPECT_TRUE(first == third);
+  EXPECT_TRUE(raw == third);
+  EXPECT_TRUE(empty != first);
+  EXPECT_EQ(&*first, first.operator->());
+  first.release();
+  second = empty;
+  EXPECT_EQ(Watched::gone, 0);
+  third.release();
   EXPECT_EQ(Watched::gone, 1);
 }
 
