@@ -1,0 +1,73 @@
+// A load module's bytes through its header's record and back, against the file's layout; then every setter, with the
+// input's end as its argument.
+#include <cstring>
+#include <ctime>
+
+#include "headers/KespHeader.h"
+#include "tests/fuzz/FuzzInput.h"
+
+// What the digits of 6 bytes give, and the date that the apply step makes of it.
+static void CheckTime(const tm* time, const string& digits)
+{
+  const auto pair = [&](std::size_t byte) { return (digits[byte] >> 4 & 15) * 10 + (digits[byte] & 15); };
+  Require(time->tm_year == pair(0) * 100 + pair(1) - 1900 && time->tm_mon == pair(2) - 1, "year, month");
+  Require(time->tm_mday == pair(3) && time->tm_hour == pair(4) && time->tm_min == pair(5), "day, hour, minute");
+  tm local = *time;
+  local.tm_isdst = -1;
+  const time_t seconds = std::mktime(&local);
+  char date[16];
+  Require(std::strftime(date, sizeof date, "%Y%m%d", &local) != 0, "the date has a text");
+  Require(std::localtime(&seconds)->tm_yday == local.tm_yday, "the seconds give the date back");
+}
+
+static void CheckFile(KespHeader record, const string& file)
+{
+  record.Endian();
+  std::ostringstream out;
+  WriteStream stream(&out);
+  Require(record.writeHeader(stream) && out.str() == file, "the file's bytes are written");
+  Require(record.getByteString().equal(Bytes(file)), "they are those of the record");
+}
+
+static void Run(FuzzInput input)
+{
+  setenv("TZ", "CET-1CEST,M3.5.0,M10.5.0/3", 1);
+  const string& file = input.rest;
+  KespHeader header(Bytes(file));
+  Require(header.valid() == (file.size() >= 104), "104 bytes make a header");
+  if (!header.valid()) return;
+  string fields = file.substr(0, 104);
+  std::size_t held = 104;  // behind these bytes no field is read or written
+  const auto get = [&](unsigned at, unsigned n) { return at + n <= held ? fields.substr(at, n) : string(n, '\0'); };
+  const auto put = [&](unsigned at, string b) { at + b.size() <= held ? fields.replace(at, b.size(), b) : fields; };
+  const auto number = [](const string& raw) { return std::strtoul(Bytes(raw).toHexString(), nullptr, 16); };
+  const bool isShort = number(get(2, 2)) == 2;
+  const string phylum = isShort ? "" : file.substr(104, number(get(102, 2)));
+  if (isShort) fields.resize(std::min<std::size_t>(104, number(get(24, 4))));
+  if (isShort) held = std::min<std::size_t>(96, fields.size());
+  Require(header.getMagicNumber() == number(get(0, 2)) && header.getLength() == number(get(24, 4)), "magic, length");
+  Require(header.holdsLidDateTime() == (held >= 14), "whether there is a date");
+  CheckTime(header.getLidDateTime(), get(8, 6));
+  CheckTime(header.getLidUpdateTime(), get(96, 6));
+  CheckFile(header, fields + phylum);
+
+  const string text = file.substr(file.size() - static_cast<unsigned char>(file[30]) % 104U);
+  const string four = (text + "1234").substr(0, 4), length(1, static_cast<char>(text.size()));
+  const auto value = static_cast<unsigned int>(number(four));
+  String characters = Text(text), hex = Bytes(four).toHexString() + "0", noHex = characters + "00000000g";
+  ByteString tail = Bytes(text);
+  header.setLidNumber(hex), header.setLidNumber(noHex);
+  header.setLidDateTime(characters), header.setLidUpdateTime(characters), header.setLidInfo(characters);
+  header.setLidClass(static_cast<int>(value)), header.setMtdNumber(static_cast<int>(value));
+  header.setCRCNumber(value), header.setLidLength(value), header.setPhylumData(tail);
+  string digits, info = text;
+  info.resize(64);
+  for (std::size_t i = 0; i < 12 && std::strlen(characters) >= 12; i += 2) {
+    digits += static_cast<char>(text[i] << 4 | (text[i + 1] & 15));
+  }
+  put(4, four), put(8, digits), put(14, four.substr(2)), put(16, four), put(20, four), put(28, four.substr(3));
+  put(24, string(3, '\0') + static_cast<char>(104 + text.size())), put(32, info);
+  put(96, digits), put(102, '\0' + length);
+  CheckFile(header, fields + (isShort ? "" : text));
+  if (!isShort) CheckFile(KespHeader(Bytes(fields + text)), fields + text);
+}
