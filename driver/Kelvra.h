@@ -14,6 +14,7 @@ class Kelvra : public Application {
   int readInitFile() override;
   // Writes the output file; 0 or the code of what stopped it.
   int execute() override;
+  int createWriteHeader();
   // Writes the closing line of a run that ends with the code.
   void printError(int code) const override;
   void showUsage() const override;
@@ -21,9 +22,6 @@ class Kelvra : public Application {
   FileName ruvpdFile;   // the RUVPD source
   FileName lidFile;     // the load module
   FileName outputFile;  // the file to be written
-
- private:
-  int createWriteHeader();
 };
 
 // What parseParams and showUsage do.
