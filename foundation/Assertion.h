@@ -1,15 +1,77 @@
 // Broken preconditions: a caller's fault, never an input's. The texts are fixed by the operation that asserts.
 #pragma once
 
-// Writes "source:line: function: Assertion `expression' failed." to standard error and ends the program by abort.
-[[noreturn]] void AssertionFailed(const char* expression, const char* source, const char* function, unsigned int line);
+#if __has_include(<source_location>)
+#include <source_location>
+#endif
 
-// Ends the program unless `holds`. The line is the caller's; __builtin_LINE because clang 14 has no
-// std::source_location.
-inline void Assert(bool holds, const char* expression, const char* source, const char* function,
-                   unsigned int line = __builtin_LINE())
+// The function that asserts, as its text, and the line of the assertion. The text is given where the assertion stands;
+// the text of another function does not compile. g++ compares the whole signature; clang 14, which has no
+// std::source_location, compares the name.
+struct AssertingFunction {
+  // NOLINTNEXTLINE(google-explicit-constructor): the text stands in for the function
+#ifdef __cpp_lib_source_location
+  consteval AssertingFunction(const char* functionText, std::source_location here = std::source_location::current())
+      : text(functionText), line(here.line())
+  {
+    if (!IsSignature(text, here.function_name())) throw "the text of another function";
+  }
+#else
+  consteval AssertingFunction(const char* functionText, const char* name = __builtin_FUNCTION(),
+                              unsigned int here = __builtin_LINE())
+      : text(functionText), line(here)
+  {
+    if (!HoldsName(text, name)) throw "the text of another function";
+  }
+#endif
+
+  const char* text;
+  unsigned int line;
+
+ private:
+  // What follows the word at the beginning of the signature, or the whole signature when it begins otherwise.
+  static consteval const char* Without(const char* word, const char* signature)
+  {
+    const char* rest = signature;
+    while (*word != '\0' && *word == *rest) word++, rest++;
+    return *word == '\0' ? rest : signature;
+  }
+  // Whether the two are equal but for blanks and what a definition does not repeat.
+  static consteval bool IsSignature(const char* text, const char* signature)
+  {
+    signature = Without("virtual ", Without("static ", signature));
+    while (*text != '\0' || *signature != '\0') {
+      if (*text == ' ') {
+        text++;
+      } else if (*signature == ' ') {
+        signature++;
+      } else if (*text++ != *signature++) {
+        return false;
+      }
+    }
+    return true;
+  }
+  // Whether "::", the name and " (" stand in the text.
+  static consteval bool HoldsName(const char* text, const char* name)
+  {
+    for (; *text != '\0'; text++) {
+      if (text[0] != ':' || text[1] != ':') continue;
+      const char* rest = text + 2;
+      const char* letter = name;
+      while (*letter != '\0' && *rest == *letter) rest++, letter++;
+      if (*letter == '\0' && rest[0] == ' ' && rest[1] == '(') return true;
+    }
+    return false;
+  }
+};
+
+// Writes "source:line: function: Assertion `expression' failed." to standard error and ends the program by abort.
+[[noreturn]] void AssertionFailed(const char* expression, const char* source, const AssertingFunction& function);
+
+// Ends the program unless `holds`.
+inline void Assert(bool holds, const char* expression, const char* source, const AssertingFunction& function)
 {
   if (!holds) [[unlikely]] {
-    AssertionFailed(expression, source, function, line);
+    AssertionFailed(expression, source, function);
   }
 }

@@ -10,16 +10,14 @@
 
 namespace {
 
-void AssertBelow(unsigned int n, unsigned int length, const char* expression, const char* function,
-                 unsigned int line = __builtin_LINE())
+void AssertBelow(unsigned int n, unsigned int length, const char* expression, const AssertingFunction& function)
 {
-  Assert(n < length, expression, "ByteString", function, line);
+  Assert(n < length, expression, "ByteString", function);
 }
 
-void AssertPosition(unsigned int position, unsigned int length, const char* function,
-                    unsigned int line = __builtin_LINE())
+void AssertPosition(unsigned int position, unsigned int length, const AssertingFunction& function)
 {
-  Assert(position <= length, "position <= len", "ByteString", function, line);
+  Assert(position <= length, "position <= len", "ByteString", function);
 }
 
 // The distance of nibble n's lowest bit from the lowest of its byte.

@@ -29,16 +29,15 @@ unsigned int TextLength(const char* text)
 unsigned char Byte(char ch) { return static_cast<unsigned char>(ch); }
 
 // The index, asserted to be inside.
-unsigned int Inside(unsigned int index, unsigned int length, const char* function, unsigned int line = __builtin_LINE())
+unsigned int Inside(unsigned int index, unsigned int length, const AssertingFunction& function)
 {
-  Assert(index < length, "index < len", "String", function, line);
+  Assert(index < length, "index < len", "String", function);
   return index;
 }
 
-void AssertPosition(unsigned int position, unsigned int length, const char* function,
-                    unsigned int line = __builtin_LINE())
+void AssertPosition(unsigned int position, unsigned int length, const AssertingFunction& function)
 {
-  Assert(position <= length, "position <= len", "String", function, line);
+  Assert(position <= length, "position <= len", "String", function);
 }
 
 // memcmp, with null pointers allowed when n is 0.

@@ -15,9 +15,9 @@ AuxillaryHdr::AuxillaryHdr(unsigned int length) : bytes(ZeroBytes(length, sizeof
 
 AuxillaryHdr::AuxillaryHdr(const ByteString& b) : bytes(AtLeast(b, fullFormSize)) {}
 
-AUXILLARYHDR& AuxillaryHdr::header(const char* function, unsigned int line)
+AUXILLARYHDR& AuxillaryHdr::header(const AssertingFunction& function)
 {
-  Assert(valid(), "valid()", "AuxillaryHdr", function, line);
+  Assert(valid(), "valid()", "AuxillaryHdr", function);
   return CastToStructAUXILLARYHDR(bytes);
 }
 

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "foundation/Assertion.h"
 #include "foundation/ByteString.h"
 #include "foundation/WriteStream.h"
 
@@ -50,7 +51,7 @@ class AuxillaryHdr {
   boolean valid() const { return !bytes.empty(); }
 
  private:
-  AUXILLARYHDR& header(const char* function, unsigned int line = __builtin_LINE());
+  AUXILLARYHDR& header(const AssertingFunction& function);
 
   ByteString bytes;  // none when the record is invalid
 };

@@ -13,9 +13,9 @@ FileHdr::FileHdr(unsigned int length) : bytes(ZeroBytes(length, sizeof(FILEHDR))
 
 FileHdr::FileHdr(const ByteString& b) : bytes(AtLeast(ByteString(b, sizeof(FILEHDR)), sizeof(FILEHDR))) {}
 
-FILEHDR& FileHdr::header(const char* function, unsigned int line)
+FILEHDR& FileHdr::header(const AssertingFunction& function)
 {
-  Assert(valid(), "valid()", "FileHdr", function, line);
+  Assert(valid(), "valid()", "FileHdr", function);
   return CastToStructFILEHDR(bytes);
 }
 

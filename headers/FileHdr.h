@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "foundation/Assertion.h"
 #include "foundation/ByteString.h"
 #include "foundation/WriteStream.h"
 
@@ -54,7 +55,7 @@ class FileHdr {
   boolean valid() const { return !bytes.empty(); }
 
  private:
-  FILEHDR& header(const char* function, unsigned int line = __builtin_LINE());
+  FILEHDR& header(const AssertingFunction& function);
 
   ByteString bytes;  // none when the record is invalid
 };

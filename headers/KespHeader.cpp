@@ -84,16 +84,16 @@ unsigned int KespHeader::fieldBytes() const
 
 // Null when the header does not hold the whole field.
 template <class Field>
-Field* KespHeader::field(Field KESPHDR::*member, const char* function, unsigned int line)
+Field* KespHeader::field(Field KESPHDR::*member, const AssertingFunction& function)
 {
-  Assert(valid(), "valid()", "KespHeader", function, line);
+  Assert(valid(), "valid()", "KespHeader", function);
   return EndOf(member) <= fieldBytes() ? &(CastToStructKESPHDR(header).*member) : nullptr;
 }
 
 template <class Field>
-const Field* KespHeader::field(Field KESPHDR::*member, const char* function, unsigned int line) const
+const Field* KespHeader::field(Field KESPHDR::*member, const AssertingFunction& function) const
 {
-  Assert(valid(), "valid()", "KespHeader", function, line);
+  Assert(valid(), "valid()", "KespHeader", function);
   return EndOf(member) <= fieldBytes() ? &(CastToConstStructKESPHDR(header).*member) : nullptr;
 }
 
@@ -196,7 +196,7 @@ void KespHeader::setMtdNumber(int number)
 
 void KespHeader::setPhylumData(ByteString& data)
 {
-  const char* function = "void KespHeader::setPhylumData (ByteString &)";
+  const AssertingFunction function = "void KespHeader::setPhylumData (ByteString &)";
   auto* dataLength = field(&KESPHDR::phylumLength, function);
   auto* headerLength = field(&KESPHDR::headerLength, function);
   phylumData = data;

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <ctime>
 
+#include "foundation/Assertion.h"
 #include "foundation/ByteString.h"
 #include "foundation/WriteStream.h"
 
@@ -92,9 +93,9 @@ class KespHeader {
  private:
   unsigned int fieldBytes() const;
   template <class Field>
-  Field* field(Field KESPHDR::*member, const char* function, unsigned int line = __builtin_LINE());
+  Field* field(Field KESPHDR::*member, const AssertingFunction& function);
   template <class Field>
-  const Field* field(Field KESPHDR::*member, const char* function, unsigned int line = __builtin_LINE()) const;
+  const Field* field(Field KESPHDR::*member, const AssertingFunction& function) const;
   template <class Field>
   void convert(Field KESPHDR::*member);
   tm* brokenDown(const unsigned char (*digits)[6]);

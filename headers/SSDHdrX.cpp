@@ -52,9 +52,9 @@ SystemSpecificDataHeaderX::SystemSpecificDataHeaderX(unsigned int length) : byte
 
 SystemSpecificDataHeaderX::SystemSpecificDataHeaderX(const ByteString& block) : bytes(AtLeast(block, sizeof(RUSSD))) {}
 
-RUSSD& SystemSpecificDataHeaderX::header(const char* function, unsigned int line)
+RUSSD& SystemSpecificDataHeaderX::header(const AssertingFunction& function)
 {
-  Assert(valid(), "valid()", "SSDHdrX", function, line);
+  Assert(valid(), "valid()", "SSDHdrX", function);
   return CastToStructRUSSD(bytes);
 }
 

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "foundation/Assertion.h"
 #include "foundation/ByteString.h"
 #include "foundation/WriteStream.h"
 
@@ -87,7 +88,7 @@ class SystemSpecificDataHeaderX {
   boolean valid() const { return !bytes.empty(); }
 
  private:
-  RUSSD& header(const char* function, unsigned int line = __builtin_LINE());
+  RUSSD& header(const AssertingFunction& function);
 
   ByteString bytes;  // none when the record is invalid
 };

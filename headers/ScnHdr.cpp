@@ -23,9 +23,9 @@ ScnHdr::ScnHdr(unsigned int length) : bytes(ZeroBytes(length, sizeof(SCNHDR))) {
 
 ScnHdr::ScnHdr(const ByteString& b) : bytes(AtLeast(FilledUp(b), sizeof(SCNHDR))) {}
 
-SCNHDR& ScnHdr::header(const char* function, unsigned int line)
+SCNHDR& ScnHdr::header(const AssertingFunction& function)
 {
-  Assert(valid(), "valid()", "ScnHdr", function, line);
+  Assert(valid(), "valid()", "ScnHdr", function);
   return CastToStructSCNHDR(bytes);
 }
 

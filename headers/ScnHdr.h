@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "foundation/Assertion.h"
 #include "foundation/ByteString.h"
 #include "foundation/WriteStream.h"
 
@@ -57,7 +58,7 @@ class ScnHdr {
   boolean valid() const { return !bytes.empty(); }
 
  private:
-  SCNHDR& header(const char* function, unsigned int line = __builtin_LINE());
+  SCNHDR& header(const AssertingFunction& function);
 
   ByteString bytes;  // none when the record is invalid
 };

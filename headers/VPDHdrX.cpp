@@ -44,15 +44,15 @@ VitalProductDataHeaderX::VitalProductDataHeaderX(unsigned int length) : bytes(Ze
 
 VitalProductDataHeaderX::VitalProductDataHeaderX(const ByteString& block) : bytes(AtLeast(block, sizeof(VPDHDR))) {}
 
-VPDHDR& VitalProductDataHeaderX::header(const char* function, unsigned int line)
+VPDHDR& VitalProductDataHeaderX::header(const AssertingFunction& function)
 {
-  Assert(valid(), "valid()", "VPDHdrX", function, line);
+  Assert(valid(), "valid()", "VPDHdrX", function);
   return CastToStructVPDHDR(bytes);
 }
 
-const VPDHDR& VitalProductDataHeaderX::header(const char* function, unsigned int line) const
+const VPDHDR& VitalProductDataHeaderX::header(const AssertingFunction& function) const
 {
-  Assert(valid(), "valid()", "VPDHdrX", function, line);
+  Assert(valid(), "valid()", "VPDHdrX", function);
   return CastToConstStructVPDHDR(bytes);
 }
 

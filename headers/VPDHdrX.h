@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "foundation/Assertion.h"
 #include "foundation/ByteString.h"
 #include "foundation/WriteStream.h"
 
@@ -153,8 +154,8 @@ class VitalProductDataHeaderX {
   boolean valid() const { return !bytes.empty(); }
 
  private:
-  VPDHDR& header(const char* function, unsigned int line = __builtin_LINE());
-  const VPDHDR& header(const char* function, unsigned int line = __builtin_LINE()) const;
+  VPDHDR& header(const AssertingFunction& function);
+  const VPDHDR& header(const AssertingFunction& function) const;
 
   ByteString bytes;  // none when the record is invalid
 };

@@ -21,8 +21,8 @@ for fuzzer in SourceFuzz LidHeaderFuzz StringFuzz ByteStringFuzz; do
   found=build/fuzz/found/$fuzzer
   log=build/fuzz/$fuzzer.log
   mkdir -p "$corpus" "$found"
-  if UBSAN_OPTIONS=print_stacktrace=1 "build/fuzz/tests/fuzz/$fuzzer" -max_total_time="$seconds" -max_len=4096 \
-    -timeout=10 -print_final_stats=1 -artifact_prefix="$found/" "$corpus" "tests/fuzz/seeds/$fuzzer" examples \
+  if UBSAN_OPTIONS=print_stacktrace=1 "build/fuzz/fuzz/$fuzzer" -max_total_time="$seconds" -max_len=4096 \
+    -timeout=10 -print_final_stats=1 -artifact_prefix="$found/" "$corpus" "fuzz/seeds/$fuzzer" examples \
     >"$log" 2>&1; then
     runs=$(sed -n 's/^stat::number_of_executed_units: *//p' "$log")
     coverage=$(sed -n 's/.* cov: \([0-9]*\) .*/\1/p' "$log" | tail -n 1)

@@ -5,9 +5,10 @@
 namespace {
 
 // The assertions of the map name the option table's source and one line of it.
-void AssertMap(bool holds, const char* expression, const char* function)
+void AssertMap(boolean holds, const char* expression, AssertingFunction function)
 {
-  Assert(holds, expression, "SPAOption", function, 19);
+  function.line = 19;
+  Assert(holds, expression, "SPAOption", function);
 }
 
 }  // namespace

@@ -4,7 +4,7 @@
 #include <ctime>
 
 #include "headers/KespHeader.h"
-#include "tests/fuzz/FuzzInput.h"
+#include "fuzz/FuzzInput.h"
 
 // What the digits of 6 bytes give, and the date that the apply step makes of it.
 static void CheckTime(const tm* time, const string& digits)

@@ -7,7 +7,7 @@
 #include "builder/MorvikCreateHeader.h"
 #include "headers/VPDHdrX.h"
 #include "source/SPAOption.cpp"  // NOLINT(bugprone-suspicious-include): its table is emptied for each input
-#include "tests/fuzz/FuzzInput.h"
+#include "fuzz/FuzzInput.h"
 
 struct NullBuffer : std::streambuf {
   int overflow(int ch) override { return traits_type::not_eof(ch); }

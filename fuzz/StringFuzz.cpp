@@ -2,7 +2,7 @@
 // point into its block.
 #include <cctype>
 
-#include "tests/fuzz/FuzzInput.h"
+#include "fuzz/FuzzInput.h"
 
 // What is seen of a text with a NUL in it.
 static string View(const string& text) { return text.substr(0, text.find('\0')); }

@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "foundation/ReadStream.h"
-#include "tests/fuzz/FuzzInput.h"
+#include "fuzz/FuzzInput.h"
 
 using Vector = std::vector<unsigned char>;
 

@@ -1,0 +1,40 @@
+// The codes with which operations and runs end. Two tables give their messages: the tool's, in driver/Kelvra.cpp, and
+// the header builder's, in builder/Morvik.cpp. A code is a plain int wherever it is passed on.
+#pragma once
+
+enum ReturnCode : int {
+  success = 0,
+  warningsInSource = 4,
+  errorsInSource = 8,
+  severeErrorsInSource = 12,
+  terminatingErrorsInSource = 16,
+  badFileName = 17,  // the builder's meaning; the tool's table speaks of a missing LID header
+  badDate = 18,
+  badTime = 19,
+  parameterMissing = 30,
+  tooManyParameters = 31,
+  lidNotMeasured = 32,
+  lidNotRead = 33,
+  outputNotWritten = 34,
+  badBodyAlignment = 35,
+  badSsdModel = 36,
+  badAllowBreakpoints = 37,
+  badNucleusSequenceControl = 38,
+  badRuDestination = 39,
+  badCodeBoundary = 40,
+  badLinkLoaderBypass = 41,
+  badDeleteRu = 42,
+  badRuArea = 43,
+  badSoftwareType = 44,
+  badDevelopedBy = 45,
+  badDevelopedFor = 46,
+  badOnlineLLFlag = 47,
+  noRuName = 48,
+  ruvpdNotOpened = 50,
+  ruvpdNotRead = 51,
+  vpdinfoNotOpened = 60,
+  vpdinfoNotRead = 61,
+  outOfMemory = 90,
+  headerNotPrinted = 100,
+  runFailed = 101,
+};
