@@ -123,12 +123,12 @@ int Morvik::openSource(FileName& file, boolean& restricted)
   sourceProgram.reset();
   const ReportedSource* reported = FindReported(file);
   ReadFileStream stream(file, std::ios_base::in);
+  sources.push_back({file, stream.failure() ? FileStatus(file.getSource()) : stream.status()});
   if (stream.failure()) {
     if (reported == nullptr) return 0;
     ReportUnusable(file);
     return reported->openError;
   }
-  sources.push_back(stream.status());
   sourceProgram = std::make_unique<SPASourceProgram>();
   boolean restriction = restricted;
   const boolean failed = sourceProgram->read(stream, restriction) != 0;

@@ -12,6 +12,12 @@
 #include "foundation/String.h"
 #include "source/SPASourceProgram.h"
 
+// A file that was named as a source, whether it could be opened or not.
+struct SourceFile {
+  FileName name;
+  FileStatus opened;  // at the open; without one, of the file that had the name
+};
+
 class Morvik {
  public:
   // Takes the main source's full name, the RU date (8 decimal digits, year month day) and the RU time (6 decimal
@@ -28,8 +34,8 @@ class Morvik {
   // "vpdinfo", in lower case, it has something to say: that the file was opened, on standard error, and that it cannot
   // be opened or read, on standard error and by 50, 51, 60 or 61.
   int openSource(FileName& file, boolean& restricted);
-  // The files that were opened as sources.
-  const std::vector<FileStatus>& sourceFiles() const { return sources; }
+  // The files that were named as sources, in the order in which they were read.
+  const std::vector<SourceFile>& sourceFiles() const { return sources; }
 
  private:
   friend int MorvikCreateHeader(Morvik* builder);
@@ -48,5 +54,5 @@ class Morvik {
   FileName vpdinfoSource;
   std::unique_ptr<SPASourceProgram> sourceProgram;
   ByteString header;
-  std::vector<FileStatus> sources;
+  std::vector<SourceFile> sources;
 };

@@ -8,6 +8,15 @@ struct MessageRow {
   const char* text;
 };
 
+// Whether each code stands once, in ascending order.
+consteval bool IsAscending(std::span<const MessageRow> table)
+{
+  for (std::size_t i = 1; i < table.size(); i++) {
+    if (table[i - 1].code >= table[i].code) return false;
+  }
+  return true;
+}
+
 // The text of the code's row, or null when the table has none.
 const char* FindMessage(std::span<const MessageRow> table, int code);
 
