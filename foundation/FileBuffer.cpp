@@ -146,14 +146,13 @@ FileWriteBuffer::FileWriteBuffer(const String& name, AsItStands)
 {
   const int error = file.open(name, O_WRONLY | O_CREAT | O_EXCL);
   created = error == 0;
-  if (error == EEXIST) file.open(name, O_WRONLY | O_CREAT);
+  if (error == EEXIST && file.open(name, O_WRONLY | O_CREAT) == 0) oldStatus = file.status();
   setp(block.data(), block.data() + block.size());
 }
 
 boolean FileWriteBuffer::empty()
 {
-  const FileStatus now = status();
-  const boolean done = !now.isRegular() || now.size() == 0 || file.truncate();
+  const boolean done = !oldStatus.isRegular() || oldStatus.size() == 0 || file.truncate();
   if (!done) file.close();
   return done;
 }

@@ -76,7 +76,8 @@ class FileWriteBuffer : public std::streambuf {
   boolean isOpen() const { return file.isOpen(); }
   // Whether the open made the file.
   boolean isNew() const { return created; }
-  FileStatus status() const { return file.status(); }
+  // The status of a file that was there before, at the open.
+  const FileStatus& status() const { return oldStatus; }
   // Cuts a regular file to nothing; whether it is empty then. One that cannot be cut is closed.
   boolean empty();
 
@@ -88,5 +89,6 @@ class FileWriteBuffer : public std::streambuf {
  private:
   FileDescriptor file;
   boolean created = false;
+  FileStatus oldStatus;
   std::array<char, 4096> block;
 };

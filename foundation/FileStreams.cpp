@@ -31,7 +31,10 @@ WriteFileStream::~WriteFileStream() { delete stream; }
 
 boolean CautiousWriteFileStream::isNew() const { return static_cast<const OutputFile*>(stream)->buffer.isNew(); }
 
-FileStatus CautiousWriteFileStream::status() const { return static_cast<const OutputFile*>(stream)->buffer.status(); }
+const FileStatus& CautiousWriteFileStream::status() const
+{
+  return static_cast<const OutputFile*>(stream)->buffer.status();
+}
 
 void CautiousWriteFileStream::empty()
 {

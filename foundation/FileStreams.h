@@ -25,9 +25,9 @@ class CautiousWriteFileStream : public WriteFileStream {
  public:
   explicit CautiousWriteFileStream(const FileName& name) : WriteFileStream(name, AsItStands::open) {}
 
-  // Whether the open made the file.
+  // Whether the open made the file; if not, the status that it found.
   boolean isNew() const;
-  FileStatus status() const;
+  const FileStatus& status() const;
   // Makes a regular file empty. One that cannot be is closed and leaves the stream in failure.
   void empty();
 };
