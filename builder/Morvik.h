@@ -1,6 +1,6 @@
 // The header builder: reads the RUVPD source and the VPDINFO source into the option table and makes of it the header
 // block (VPD header, SSD header, fill, long name) in front of a load module. Used once: morvikParse, morvikExecute,
-// morvikGetHeader. The first error ends an operation; its code is one of morvikPrintError's.
+// morvikGetHeader. The first error ends an operation; its code is one of those that morvikPrintError knows.
 #pragma once
 
 #include <memory>
@@ -21,7 +21,7 @@ struct SourceFile {
 class Morvik {
  public:
   // Takes the main source's full name, the RU date (8 decimal digits, year month day) and the RU time (6 decimal
-  // digits, hours minutes seconds). Returns 0, or 17, 18 and 19 for an unfit name, date and time.
+  // digits, hours minutes seconds). Returns 0, or badFileName, badDate or badTime, looked for in this order.
   int morvikParse(String source, String date, String time);
   // Reads the sources and builds the header block, after a morvikParse that returned 0. Returns 0 or the error's code;
   // after an error there is no header.
@@ -30,9 +30,9 @@ class Morvik {
   ByteString morvikGetHeader() const { return header; }
   // Writes the code's message as a line to standard error; nothing for a code that the builder does not know.
   void morvikPrintError(int code) const;
-  // Reads one source; when `restricted`, only the VPDINFO keywords of it. Only for the extensions "lidhdr" and
-  // "vpdinfo", in lower case, it has something to say: that the file was opened, on standard error, and that it cannot
-  // be opened or read, on standard error and by 50, 51, 60 or 61.
+  // Reads one source; when `restricted`, only its VPDINFO keywords. For the extensions "lidhdr" and "vpdinfo", in lower
+  // case, it writes to standard error that the file was opened, or that it cannot be opened or read, and then returns
+  // the code of that. For any other extension it prints nothing and returns 0.
   int openSource(FileName& file, boolean& restricted);
   // The files that were named as sources, in the order in which they were read.
   const std::vector<SourceFile>& sourceFiles() const { return sources; }
@@ -40,6 +40,7 @@ class Morvik {
  private:
   friend int MorvikCreateHeader(Morvik* builder);
 
+  // Whether the main source is read alone.
   boolean isProductInformation() const;
   FileName vpdinfoName() const;
 

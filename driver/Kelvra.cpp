@@ -29,7 +29,7 @@ constexpr MessageRow messages[] = {
     {headerNotPrinted, "Error writing VPD header to STDOUT"},
     {runFailed, "kelvra process failed"},
 };
-static_assert(IsAscending(messages));
+static_assert(CodesAscend(messages));
 
 struct FileOption {
   const char* word;

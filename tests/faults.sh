@@ -78,7 +78,7 @@ inject() {  # inject FILE PATH: all that the rules have for the calls that a run
   for line in "${calls[@]}"; do
     call=${line%%\(*} kind=$call nth=$((${count[${line%%\(*}]:-0} + 1)) count[${line%%\(*}]=$nth
     case $line in stat\(* | *stat*\(AT_FDCWD*) kind=stat ;; *stat*\(*) kind=fstat ;; esac
-    subject=$1; [[ $1,$kind,$nth == LID,fstat,2 ]] && subject=LID-again
+    subject=$1; [[ $1,$kind,$nth == LID,fstat,2 && $lid != part ]] && subject=LID-again
     [[ $lid,$1,$kind,$nth == part,LID,!(read),1 ]] && subject=probe
     while read -r file calls_meant errors rule; do
       [[ $subject == $file && $kind == $calls_meant ]] || continue
