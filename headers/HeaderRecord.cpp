@@ -4,6 +4,39 @@
 
 #include "foundation/StandardStreams.h"
 
+HeaderRecord::HeaderRecord(const char* sourceName, unsigned int length, unsigned int layoutSize)
+    : source(sourceName), content(length >= layoutSize ? length : 0, 0x00)
+{}
+
+HeaderRecord::HeaderRecord(const char* sourceName, const ByteString& b, unsigned int needed)
+    : source(sourceName), content(b, b.length() >= needed ? b.length() : 0)
+{}
+
+ByteString& HeaderRecord::bytes(const AssertingFunction& function)
+{
+  Assert(valid(), "valid()", source, function);
+  return content;
+}
+
+const ByteString& HeaderRecord::bytes(const AssertingFunction& function) const
+{
+  Assert(valid(), "valid()", source, function);
+  return content;
+}
+
+boolean HeaderRecord::write(WriteStream& out) const
+{
+  out.putByteString(content);
+  return !out.failure();
+}
+
+std::optional<boolean> FlagOf(const String& value, const char* textOfTrue, const char* textOfFalse)
+{
+  if (value == textOfTrue) return true;
+  if (value == textOfFalse) return false;
+  return std::nullopt;
+}
+
 ByteString ZeroBytes(unsigned int length, unsigned int layoutSize)
 {
   return length >= layoutSize ? ByteString(length, 0x00) : ByteString();
@@ -18,13 +51,6 @@ boolean WriteRecord(WriteStream& out, const ByteString& bytes)
 {
   out.putByteString(bytes);
   return !out.failure();
-}
-
-std::optional<boolean> FlagOf(const String& value, const char* textOfTrue, const char* textOfFalse)
-{
-  if (value == textOfTrue) return true;
-  if (value == textOfFalse) return false;
-  return std::nullopt;
 }
 
 std::optional<unsigned char> CodeOf(std::span<const CodedValue> values, const String& value)
