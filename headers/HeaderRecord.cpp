@@ -30,13 +30,6 @@ boolean HeaderRecord::write(WriteStream& out) const
   return !out.failure();
 }
 
-std::optional<boolean> FlagOf(const String& value, const char* textOfTrue, const char* textOfFalse)
-{
-  if (value == textOfTrue) return true;
-  if (value == textOfFalse) return false;
-  return std::nullopt;
-}
-
 ByteString ZeroBytes(unsigned int length, unsigned int layoutSize)
 {
   return length >= layoutSize ? ByteString(length, 0x00) : ByteString();
@@ -45,12 +38,6 @@ ByteString ZeroBytes(unsigned int length, unsigned int layoutSize)
 ByteString AtLeast(const ByteString& bytes, unsigned int needed)
 {
   return bytes.length() >= needed ? bytes : ByteString();
-}
-
-boolean WriteRecord(WriteStream& out, const ByteString& bytes)
-{
-  out.putByteString(bytes);
-  return !out.failure();
 }
 
 std::optional<unsigned char> CodeOf(std::span<const CodedValue> values, const String& value)

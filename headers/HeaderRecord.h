@@ -77,16 +77,10 @@ inline void ToFileOrder(std::int32_t& number)
 template <class... Number>
 requires(sizeof...(Number) > 1) void ToFileOrder(Number&... numbers) { (ToFileOrder(numbers), ...); }
 
-// A flag's value: true for the one text, false for the other, nothing for any other; compared whole.
-std::optional<boolean> FlagOf(const String& value, const char* textOfTrue, const char* textOfFalse);
-
 // `length` zero bytes, or none when the layout needs more.
 ByteString ZeroBytes(unsigned int length, unsigned int layoutSize);
 // All of `bytes`, or none when there are fewer than the record needs.
 ByteString AtLeast(const ByteString& bytes, unsigned int needed);
-
-// Writes all the bytes; whether the stream reports no failure afterwards.
-boolean WriteRecord(WriteStream& out, const ByteString& bytes);
 
 // A row of a field's value set.
 struct CodedValue {
