@@ -30,16 +30,6 @@ boolean HeaderRecord::write(WriteStream& out) const
   return !out.failure();
 }
 
-ByteString ZeroBytes(unsigned int length, unsigned int layoutSize)
-{
-  return length >= layoutSize ? ByteString(length, 0x00) : ByteString();
-}
-
-ByteString AtLeast(const ByteString& bytes, unsigned int needed)
-{
-  return bytes.length() >= needed ? bytes : ByteString();
-}
-
 std::optional<unsigned char> CodeOf(std::span<const CodedValue> values, const String& value)
 {
   const auto row = std::find_if(values.begin(), values.end(), [&](const CodedValue& v) { return value == v.value; });

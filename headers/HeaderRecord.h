@@ -77,11 +77,6 @@ inline void ToFileOrder(std::int32_t& number)
 template <class... Number>
 requires(sizeof...(Number) > 1) void ToFileOrder(Number&... numbers) { (ToFileOrder(numbers), ...); }
 
-// `length` zero bytes, or none when the layout needs more.
-ByteString ZeroBytes(unsigned int length, unsigned int layoutSize);
-// All of `bytes`, or none when there are fewer than the record needs.
-ByteString AtLeast(const ByteString& bytes, unsigned int needed);
-
 // A row of a field's value set.
 struct CodedValue {
   const char* value;
