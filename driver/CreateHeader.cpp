@@ -57,7 +57,7 @@ BuildTime GetBuildTime(const ByteString& lidBegin, const FileStatus& lidStatus)
 }
 
 // All that stands in front of the LID's bytes, in file order.
-ByteString Front(const ByteString& block, unsigned int lidLength, time_t buildTime)
+ByteString AssembleFront(const ByteString& block, unsigned int lidLength, time_t buildTime)
 {
   VitalProductDataHeaderX vpd(block);
   AuxillaryHdr auxillary(sizeof(AUXILLARYHDR));
@@ -117,7 +117,7 @@ int CreateHeader(Kelvra* app)
     builder.morvikPrintError(code);
     return code;
   }
-  output.setFront(Front(builder.morvikGetHeader(), lidLength, build.seconds));
+  output.setFront(AssembleFront(builder.morvikGetHeader(), lidLength, build.seconds));
 
   CautiousWriteFileStream out(app->outputFile);
   if (out.failure()) return outputNotWritten;

@@ -5,6 +5,8 @@
 #include <source_location>
 #endif
 
+#include "foundation/BasicTypes.h"
+
 // The function that asserts, as its text, and the line of the assertion. The text is given where the assertion stands;
 // the text of another function does not compile. g++ compares the whole signature; clang 14, which has no
 // std::source_location, compares the name.
@@ -37,7 +39,7 @@ struct AssertingFunction {
     return *word == '\0' ? rest : signature;
   }
   // Whether the two are equal but for blanks and what a definition does not repeat.
-  static consteval bool IsSignature(const char* text, const char* signature)
+  static consteval boolean IsSignature(const char* text, const char* signature)
   {
     signature = Without("virtual ", Without("static ", signature));
     while (*text != '\0' || *signature != '\0') {
@@ -52,7 +54,7 @@ struct AssertingFunction {
     return true;
   }
   // Whether "::", the name and " (" stand in the text.
-  static consteval bool HoldsName(const char* text, const char* name)
+  static consteval boolean HoldsName(const char* text, const char* name)
   {
     for (; *text != '\0'; text++) {
       if (text[0] != ':' || text[1] != ':') continue;
@@ -69,7 +71,7 @@ struct AssertingFunction {
 [[noreturn]] void AssertionFailed(const char* expression, const char* source, const AssertingFunction& function);
 
 // Ends the program unless `holds`.
-inline void Assert(bool holds, const char* expression, const char* source, const AssertingFunction& function)
+inline void Assert(boolean holds, const char* expression, const char* source, const AssertingFunction& function)
 {
   if (!holds) [[unlikely]] {
     AssertionFailed(expression, source, function);

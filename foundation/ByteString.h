@@ -44,7 +44,7 @@ class ByteString {
   void setNthBit(unsigned int n, boolean value);
   boolean getNthBit(unsigned int n) const;
 
-  // Removes `count` bytes, or all up to the end when there are fewer; nothing when the position is behind them.
+  // Removes `count` bytes, or all up to the end when there are fewer; nothing when the position is after them.
   ByteString& remove(unsigned int position, unsigned int count);
   // Each position may be at most length(); replace() cuts a range that reaches past the end.
   ByteString& insert(unsigned int position, const ByteString& b);
@@ -66,7 +66,7 @@ class ByteString {
   String toHexString() const;
   String toBinaryString() const;
   // The bytes that the digits spell; empty when the text holds anything but digits. When the digits do not fill the
-  // last byte, padLeft true puts the missing zeros in front of all digits, padLeft false behind them.
+  // last byte, padLeft true puts the missing zeros before all digits, padLeft false after them.
   static ByteString FromHexString(const String& text, boolean padLeft);
   static ByteString FromBinaryString(const String& text, boolean padLeft);
 

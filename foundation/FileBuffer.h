@@ -1,4 +1,4 @@
-// The stream buffers behind the file streams: a file descriptor and a small block each, on the calls of the operating
+// The stream buffers of the file streams: a file descriptor and a small block each, on the calls of the operating
 // system. An interrupted call is repeated and a partial one continued. Bytes that do not fit in the block go between
 // the file and the caller's memory directly.
 #pragma once

@@ -31,7 +31,7 @@ class FileName {
   String extension;
 };
 
-// Splits a full name. Only a "." behind the last "/" separates an extension, and not when it is the last character.
+// Splits a full name. Only a "." after the last "/" separates an extension, and not when it is the last character.
 void Extract(const String& source, String& library, String& qualifier, String& member, String& extension);
 // Joins the parts to a full name, with the "/" that a library may lack; what Extract split comes back unchanged.
 String Build(const String& library, const String& qualifier, const String& member, const String& extension);

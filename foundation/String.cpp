@@ -29,7 +29,7 @@ unsigned int TextLength(const char* text)
 unsigned char Byte(char ch) { return static_cast<unsigned char>(ch); }
 
 // The index, asserted to be inside.
-unsigned int Inside(unsigned int index, unsigned int length, const AssertingFunction& function)
+unsigned int Checked(unsigned int index, unsigned int length, const AssertingFunction& function)
 {
   Assert(index < length, "index < len", "String", function);
   return index;
@@ -117,42 +117,42 @@ void String::clear()
 
 char& String::operator[](int index)
 {
-  return buffer[Inside(static_cast<unsigned int>(index), len, "char &String::operator[] (int)")];
+  return buffer[Checked(static_cast<unsigned int>(index), len, "char &String::operator[] (int)")];
 }
 
 char& String::operator[](long index)
 {
-  return buffer[Inside(static_cast<unsigned int>(Low32(index)), len, "char &String::operator[] (long int)")];
+  return buffer[Checked(static_cast<unsigned int>(Low32(index)), len, "char &String::operator[] (long int)")];
 }
 
 char& String::operator[](unsigned int index)
 {
-  return buffer[Inside(index, len, "char &String::operator[] (unsigned int)")];
+  return buffer[Checked(index, len, "char &String::operator[] (unsigned int)")];
 }
 
 char& String::operator[](unsigned long index)
 {
-  return buffer[Inside(Low32(index), len, "char &String::operator[] (long unsigned int)")];
+  return buffer[Checked(Low32(index), len, "char &String::operator[] (long unsigned int)")];
 }
 
 char String::operator[](int index) const
 {
-  return buffer[Inside(static_cast<unsigned int>(index), len, "char String::operator[] (int) const")];
+  return buffer[Checked(static_cast<unsigned int>(index), len, "char String::operator[] (int) const")];
 }
 
 char String::operator[](long index) const
 {
-  return buffer[Inside(static_cast<unsigned int>(Low32(index)), len, "char String::operator[] (long int) const")];
+  return buffer[Checked(static_cast<unsigned int>(Low32(index)), len, "char String::operator[] (long int) const")];
 }
 
 char String::operator[](unsigned int index) const
 {
-  return buffer[Inside(index, len, "char String::operator[] (unsigned int) const")];
+  return buffer[Checked(index, len, "char String::operator[] (unsigned int) const")];
 }
 
 char String::operator[](unsigned long index) const
 {
-  return buffer[Inside(Low32(index), len, "char String::operator[] (long unsigned int) const")];
+  return buffer[Checked(Low32(index), len, "char String::operator[] (long unsigned int) const")];
 }
 
 String& String::append(const char* p, unsigned int n)
@@ -299,7 +299,7 @@ String& String::substitute(const String& from, const String& to)
   const String searched(from.buffer);
   const String replacement(to.buffer);
   if (searched.empty()) return *this;
-  const bool again = std::strstr(replacement.buffer, searched.buffer) == nullptr;
+  const boolean again = std::strstr(replacement.buffer, searched.buffer) == nullptr;
   unsigned int start = 0;
   while (const char* found = std::strstr(buffer + start, searched.buffer)) {
     const auto before = static_cast<unsigned int>(found - buffer);
@@ -350,7 +350,7 @@ unsigned int String::AtoUI(int base) const { return static_cast<unsigned int>(At
 
 long String::AtoL(int base) const { return AtoI(base); }
 
-// strtoull negates what stands behind a minus in 64 bits; the magnitude decides whether 32 bits hold it.
+// strtoull negates what follows a minus in 64 bits; the magnitude decides whether 32 bits hold it.
 unsigned long String::AtoUL(int base) const
 {
   const char* text = buffer;

@@ -57,7 +57,7 @@ class String {
   String& insert(unsigned int position, const char* s);
   String& insert(unsigned int position, char ch);
 
-  // Removes `count` characters, or all up to the end when there are fewer; nothing when the position is behind them.
+  // Removes `count` characters, or all up to the end when there are fewer; nothing when the position is after them.
   String& remove(unsigned int position, unsigned int count);
   // Makes sure that the block holds n characters and the NUL. A growing block takes its old capacity on top.
   void reSize(unsigned int n);

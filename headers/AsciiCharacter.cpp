@@ -5,11 +5,11 @@
 
 namespace {
 
-unsigned char Same(unsigned char code) { return code; }
+unsigned char Identity(unsigned char code) { return code; }
 
 }  // namespace
 
-AsciiCharacter::AsciiCharacter(const ByteString& b) : text(FieldToText(b, Same)) {}
+AsciiCharacter::AsciiCharacter(const ByteString& b) : text(FieldToText(b, Identity)) {}
 
 ByteString AsciiCharacter::toByteString() const
 {
@@ -19,7 +19,7 @@ ByteString AsciiCharacter::toByteString() const
 
 ByteString AsciiCharacter::toModifiedByteString(unsigned int n, boolean& modified) const
 {
-  return TextToField(text, n, asciiBlankChar, Same, modified);
+  return TextToField(text, n, asciiBlankChar, Identity, modified);
 }
 
 unsigned int AsciiCharacter::getValue() const
