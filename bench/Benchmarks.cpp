@@ -12,6 +12,7 @@
 
 #include "builder/Morvik.h"
 #include "builder/MorvikCreateHeader.h"
+#include "driver/OutputBuffer.h"
 #include "foundation/FileStreams.h"
 #include "headers/KespHeader.h"
 #include "source/SPAOption.h"
@@ -70,9 +71,9 @@ static void ReadLid(benchmark::State& state)
   const FileName name(String(("/proc/self/fd/" + std::to_string(file)).c_str()));
   WriteFileStream(name, std::ios_base::out).putByteString(ByteString(size, 'x'));
   while (state.KeepRunning()) {
-    ByteString output(frontLength, 0x00);
-    ReadFileStream(name, std::ios_base::in).appendByteString(output);
-    if (output.length() != frontLength + size) return state.SkipWithError("not read");
+    OutputBuffer output(frontLength, size);
+    ReadFileStream lid(name, std::ios_base::in);
+    if (output.readLid(lid) != size) return state.SkipWithError("not read");
   }
   ::close(file);
   state.SetBytesProcessed(state.iterations() * size);
@@ -81,8 +82,8 @@ static void ReadLid(benchmark::State& state)
 static void PutFront(benchmark::State& state)
 {
   const ByteString front(frontLength, 'f');
-  ByteString output(frontLength + static_cast<unsigned int>(state.range(0)), 'x');
-  while (state.KeepRunning()) benchmark::DoNotOptimize(output.replace(0, frontLength, front).getBytePointer());
+  OutputBuffer output(frontLength, static_cast<unsigned int>(state.range(0)));
+  while (state.KeepRunning()) output.setFront(front);
 }
 
 static void TakeKespHeader(benchmark::State& state)

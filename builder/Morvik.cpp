@@ -3,57 +3,59 @@
 #include <algorithm>
 
 #include "builder/MorvikCreateHeader.h"
+#include "builder/SourceKind.h"
 #include "foundation/FileStreams.h"
 #include "foundation/MessageTable.h"
+#include "foundation/ReturnCode.h"
 #include "foundation/StandardStreams.h"
 #include "source/SPAOption.h"
 
 namespace {
 
 constexpr MessageRow messages[] = {
-    {4, "Morvik process successful: Warning(s) encountered in source file"},
-    {8, "Morvik process failed: Error(s) encountered in source file"},
-    {12, "Morvik process failed: Severe error(s) encountered in source file"},
-    {16, "Morvik process failed: Terminating error(s) encountered in source file"},
-    {17, "Invalid filename specified"},
-    {18, "Invalid date specified"},
-    {19, "Invalid time specified"},
-    {30, "Required parameter missing"},
-    {31, "Too many parameters"},
-    {32, "Error in getting file length of RU"},
-    {35, "Invalid body alignment specified"},
-    {36, "Invalid SSD Model value in the RUVPD source file"},
-    {37, "Invalid Allow Breakpoints value in the RUVPD source file"},
-    {38, "Invalid Nucleus Sequence Control value in the RUVPD source file"},
-    {39, "Invalid RU Destination value in the RUVPD source file"},
-    {40, "Invalid Code Boundary Requirement value in the RUVPD source file"},
-    {41, "Invalid Link/loader Bypass value in the RUVPD source file"},
-    {42, "Invalid Delete RU value in the RUVPD source file"},
-    {43, "Invalid RUArea value in the RUVPD source file"},
-    {44, "Invalid Software Type value in the VPDINFO source file"},
-    {45, "Invalid Developed By Velmor value in the VPDINFO source file"},
-    {46, "Invalid Developed For Velmor value in the VPDINFO source file"},
-    {47, "Invalid Online Link/Loadable Flag value in the RUVPD source file"},
-    {48, "RUNAME value not assigned in header by Morvik"},
-    {50, "Unable to open RUVPD source file for input"},
-    {51, "Error reading RUVPD source file"},
-    {60, "Unable to open VPDINFO source file for input"},
-    {61, "Error reading VPDINFO source file"},
-    {90, "Out of memory"},
-    {100, "Error writing VPD header to STDOUT"},
+    {warningsInSource, "Morvik process successful: Warning(s) encountered in source file"},
+    {errorsInSource, "Morvik process failed: Error(s) encountered in source file"},
+    {severeErrorsInSource, "Morvik process failed: Severe error(s) encountered in source file"},
+    {terminatingErrorsInSource, "Morvik process failed: Terminating error(s) encountered in source file"},
+    {badFileName, "Invalid filename specified"},
+    {badDate, "Invalid date specified"},
+    {badTime, "Invalid time specified"},
+    {parameterMissing, "Required parameter missing"},
+    {tooManyParameters, "Too many parameters"},
+    {lidNotMeasured, "Error in getting file length of RU"},
+    {badBodyAlignment, "Invalid body alignment specified"},
+    {badSsdModel, "Invalid SSD Model value in the RUVPD source file"},
+    {badAllowBreakpoints, "Invalid Allow Breakpoints value in the RUVPD source file"},
+    {badNucleusSequenceControl, "Invalid Nucleus Sequence Control value in the RUVPD source file"},
+    {badRuDestination, "Invalid RU Destination value in the RUVPD source file"},
+    {badCodeBoundary, "Invalid Code Boundary Requirement value in the RUVPD source file"},
+    {badLinkLoaderBypass, "Invalid Link/loader Bypass value in the RUVPD source file"},
+    {badDeleteRu, "Invalid Delete RU value in the RUVPD source file"},
+    {badRuArea, "Invalid RUArea value in the RUVPD source file"},
+    {badSoftwareType, "Invalid Software Type value in the VPDINFO source file"},
+    {badDevelopedBy, "Invalid Developed By Velmor value in the VPDINFO source file"},
+    {badDevelopedFor, "Invalid Developed For Velmor value in the VPDINFO source file"},
+    {badOnlineLLFlag, "Invalid Online Link/Loadable Flag value in the RUVPD source file"},
+    {noRuName, "RUNAME value not assigned in header by Morvik"},
+    {ruvpdNotOpened, "Unable to open RUVPD source file for input"},
+    {ruvpdNotRead, "Error reading RUVPD source file"},
+    {vpdinfoNotOpened, "Unable to open VPDINFO source file for input"},
+    {vpdinfoNotRead, "Error reading VPDINFO source file"},
+    {outOfMemory, "Out of memory"},
+    {headerNotPrinted, "Error writing VPD header to STDOUT"},
 };
-static_assert(std::size(messages) == 30);
+static_assert(CodesAscend(messages));
 
-// The sources whose faults and reading are reported, by their extension.
+// The sources whose reading and faults are reported, by their extension in exactly this case.
 struct ReportedSource {
   const char* extension;
-  int openError;
-  int readError;
+  ReturnCode openError;
+  ReturnCode readError;
   const char* readLine;
 };
 constexpr ReportedSource reportedSources[] = {
-    {"lidhdr", 50, 51, "ruvpd File is "},
-    {"vpdinfo", 60, 61, "vpdinfo File is "},
+    {"lidhdr", ruvpdNotOpened, ruvpdNotRead, "ruvpd File is "},
+    {"vpdinfo", vpdinfoNotOpened, vpdinfoNotRead, "vpdinfo File is "},
 };
 
 const ReportedSource* FindReported(const FileName& file)
@@ -80,18 +82,18 @@ int Morvik::morvikParse(String source, String date, String time)
   systemName = "qel";
   const FileName name(source);
   memberName = name.getMember();
-  if (memberName.empty()) return 17;
+  if (memberName.empty()) return badFileName;
   sourceType = name.getExtension();
   if (sourceType.empty()) sourceType = "lidhdr";
   bodyAlignment = headerBodyAlignment;
   ruDate = date;
-  if (!IsDigits(ruDate, 8)) return 18;
+  if (!IsDigits(ruDate, 8)) return badDate;
   ruTime = time;
-  if (!IsDigits(ruTime, 6)) return 19;
+  if (!IsDigits(ruTime, 6)) return badTime;
   ruType = "LID";
   sourceType.toUpper();
   (isProductInformation() ? vpdinfoSource : ruvpdSource) = name;
-  return 0;
+  return success;
 }
 
 int Morvik::morvikExecute()
@@ -108,10 +110,9 @@ int Morvik::morvikExecute()
   return MorvikCreateHeader(this);
 }
 
-// Whether the main source is read alone, as a source of product information.
-boolean Morvik::isProductInformation() const { return sourceType == "VPDINFO" || sourceType == "SFGINFO"; }
+boolean Morvik::isProductInformation() const { return SourceKindOf(sourceType).readAlone; }
 
-// Beside the RUVPD source, under the name that it gives or the default one.
+// In the folder of the RUVPD source, with the base name that VPDINFONM gives or else the default one.
 FileName Morvik::vpdinfoName() const
 {
   const String given = SPAOption::StringValid("VPDINFONM") == 1 ? SPAOption::GetStringValue("VPDINFONM") : String();
@@ -123,19 +124,19 @@ int Morvik::openSource(FileName& file, boolean& restricted)
   sourceProgram.reset();
   const ReportedSource* reported = FindReported(file);
   ReadFileStream stream(file, std::ios_base::in);
+  sources.push_back({file, stream.failure() ? FileStatus(file.getSource()) : stream.status()});
   if (stream.failure()) {
-    if (reported == nullptr) return 0;
+    if (reported == nullptr) return success;
     ReportUnusable(file);
     return reported->openError;
   }
-  sources.push_back(stream.status());
   sourceProgram = std::make_unique<SPASourceProgram>();
   boolean restriction = restricted;
   const boolean failed = sourceProgram->read(stream, restriction) != 0;
-  if (reported == nullptr) return 0;
+  if (reported == nullptr) return success;
   if (failed) ReportUnusable(file);
   PrintErrorLine(reported->readLine + file.getSource());
-  return failed ? reported->readError : 0;
+  return failed ? reported->readError : success;
 }
 
 void Morvik::morvikPrintError(int code) const

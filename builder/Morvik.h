@@ -1,6 +1,6 @@
 // The header builder: reads the RUVPD source and the VPDINFO source into the option table and makes of it the header
 // block (VPD header, SSD header, fill, long name) in front of a load module. Used once: morvikParse, morvikExecute,
-// morvikGetHeader. The first error ends an operation; its code is one of morvikPrintError's.
+// morvikGetHeader. The first error ends an operation; its code is one of those that morvikPrintError knows.
 #pragma once
 
 #include <memory>
@@ -12,10 +12,16 @@
 #include "foundation/String.h"
 #include "source/SPASourceProgram.h"
 
+// A file that was named as a source, whether it could be opened or not.
+struct SourceFile {
+  FileName name;
+  FileStatus opened;  // at the open; without one, of the file that had the name
+};
+
 class Morvik {
  public:
   // Takes the main source's full name, the RU date (8 decimal digits, year month day) and the RU time (6 decimal
-  // digits, hours minutes seconds). Returns 0, or 17, 18 and 19 for an unfit name, date and time.
+  // digits, hours minutes seconds). Returns 0, or badFileName, badDate or badTime, looked for in this order.
   int morvikParse(String source, String date, String time);
   // Reads the sources and builds the header block, after a morvikParse that returned 0. Returns 0 or the error's code;
   // after an error there is no header.
@@ -24,16 +30,17 @@ class Morvik {
   ByteString morvikGetHeader() const { return header; }
   // Writes the code's message as a line to standard error; nothing for a code that the builder does not know.
   void morvikPrintError(int code) const;
-  // Reads one source; when `restricted`, only the VPDINFO keywords of it. Only for the extensions "lidhdr" and
-  // "vpdinfo", in lower case, it has something to say: that the file was opened, on standard error, and that it cannot
-  // be opened or read, on standard error and by 50, 51, 60 or 61.
+  // Reads one source; when `restricted`, only its VPDINFO keywords. For the extensions "lidhdr" and "vpdinfo", in lower
+  // case, it writes to standard error that the file was opened, or that it cannot be opened or read, and then returns
+  // the code of that. For any other extension it prints nothing and returns 0.
   int openSource(FileName& file, boolean& restricted);
-  // The files that were opened as sources.
-  const std::vector<FileStatus>& sourceFiles() const { return sources; }
+  // The files that were named as sources, in the order in which they were read.
+  const std::vector<SourceFile>& sourceFiles() const { return sources; }
 
  private:
   friend int MorvikCreateHeader(Morvik* builder);
 
+  // Whether the main source is read alone.
   boolean isProductInformation() const;
   FileName vpdinfoName() const;
 
@@ -48,5 +55,5 @@ class Morvik {
   FileName vpdinfoSource;
   std::unique_ptr<SPASourceProgram> sourceProgram;
   ByteString header;
-  std::vector<FileStatus> sources;
+  std::vector<SourceFile> sources;
 };

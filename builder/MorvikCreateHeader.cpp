@@ -1,10 +1,11 @@
 #include "builder/MorvikCreateHeader.h"
 
 #include <optional>
-#include <span>
 
 #include "builder/Morvik.h"
+#include "builder/SourceKind.h"
 #include "foundation/Allocate.h"
+#include "foundation/ReturnCode.h"
 #include "headers/EbcdicCharacter.h"
 #include "headers/SSDHdrX.h"
 #include "headers/VPDHdrX.h"
@@ -12,173 +13,159 @@
 
 namespace {
 
+using VpdHeader = VitalProductDataHeaderX;
+using SsdHeader = SystemSpecificDataHeaderX;
+
 constexpr unsigned int headersLength = sizeof(VPDHDR) + sizeof(RUSSD);
 
-// Fields without a code, each set when its keyword is given with a value that is not empty.
-struct PlainField {
-  const char* keyword;
-  void (VitalProductDataHeaderX::*set)(const String&);
-};
-constexpr PlainField loadFields[] = {
-    {"RULOADID", &VitalProductDataHeaderX::setReplaceableUnitLoadId},
-    {"RUCHGLID", &VitalProductDataHeaderX::setReplaceableUnitChangeLid},
-    {"RUSLFLOD", &VitalProductDataHeaderX::setReplaceableUnitSelfLoad},
-    {"RUFLASH", &VitalProductDataHeaderX::setReplaceableUnitFlashLoad},
-    {"BASELOAD", &VitalProductDataHeaderX::setReplaceableUnitBaseLoad},
-};
-constexpr PlainField productFields[] = {
-    {"PRODUCTID", &VitalProductDataHeaderX::setProductId},
-    {"DEVLABID", &VitalProductDataHeaderX::setDevelopementLabId},
-    {"VERLEVEL", &VitalProductDataHeaderX::setVersionLevel},
-    {"RELMODLVL", &VitalProductDataHeaderX::setReleaseModificationLevel},
+struct Headers {
+  VpdHeader vpd = VpdHeader(sizeof(VPDHDR));
+  SsdHeader ssd = SsdHeader(sizeof(RUSSD));
 };
 
-// Fields whose setter may refuse the value, set likewise; a refusal ends the build.
-struct CheckedField {
+// The setters of both headers in one form, which returns 0 or the code of a refused value.
+template <void (VpdHeader::*setter)(const String&)>
+int Set(Headers& headers, const String& value)
+{
+  (headers.vpd.*setter)(value);
+  return success;
+}
+
+template <int (VpdHeader::*setter)(const String&)>
+int Set(Headers& headers, const String& value)
+{
+  return (headers.vpd.*setter)(value);
+}
+
+template <int (SsdHeader::*setter)(const String&)>
+int Set(Headers& headers, const String& value)
+{
+  return (headers.ssd.*setter)(value);
+}
+
+// A unit that bypasses the link/loader has no destination, whatever RUDEST says.
+int SetLinkLoaderBypass(Headers& headers, const String& value)
+{
+  if (const int code = headers.ssd.setLinkLoaderBypass(value)) return code;
+  if (value != "Y") return success;
+  return headers.ssd.setReplaceableUnitDestination();
+}
+
+enum class EmptyValue { ignored, passedOn };
+
+// What a keyword does.
+struct KeywordRow {
   const char* keyword;
-  int (VitalProductDataHeaderX::*set)(const String&);
-};
-constexpr CheckedField checkedProductFields[] = {
-    {"SWRTYPE", &VitalProductDataHeaderX::setSoftwareType},
-    {"DEVELBY", &VitalProductDataHeaderX::setDevelopedByVelmor},
-    {"DEVELFOR", &VitalProductDataHeaderX::setDevelopedForVelmor},
+  int (*set)(Headers& headers, const String& value);
+  EmptyValue emptyValue;
+  // The value of a keyword that is not given: the same for every source, or as its kind has it. Without one, the field
+  // stays as it is.
+  const char* whenNotGiven = nullptr;
+  const char* SourceKind::*kindWhenNotGiven = nullptr;
 };
 
-// Fields of the SSD header, set whenever the keyword is given, also to an empty value, else to the default if any; a
-// refusal ends the build.
-struct SystemField {
-  const char* keyword;
-  int (SystemSpecificDataHeaderX::*set)(const String&);
-  const char* whenNotGiven;
-};
-constexpr SystemField systemFields[] = {
-    {"RUDEST", &SystemSpecificDataHeaderX::setReplaceableUnitDestination, nullptr},
-    {"LLBYPASS", &SystemSpecificDataHeaderX::setLinkLoaderBypass, nullptr},
-    {"DELETERU", &SystemSpecificDataHeaderX::setDeleteReplaceableUnit, nullptr},
-    {"SSDMODEL", &SystemSpecificDataHeaderX::setSSDModel, nullptr},
-    {"ALLOWBKP", &SystemSpecificDataHeaderX::setAllowBreakpoints, "Y"},
-    {"LLFLAG", &SystemSpecificDataHeaderX::setOnlineLLFlag, "Y"},
+// The rows are worked through from the top, and the first refused value ends the build: their order decides which of
+// several faults is reported. A keyword that labelOk accepts may stand in either source, any other one only in the main
+// source.
+constexpr KeywordRow keywordRows[] = {
+    {"RUNAME", Set<&VpdHeader::setReplaceableUnitName>, EmptyValue::ignored},
+    {"RULOADID", Set<&VpdHeader::setReplaceableUnitLoadId>, EmptyValue::ignored},
+    {"RUCHGLID", Set<&VpdHeader::setReplaceableUnitChangeLid>, EmptyValue::ignored},
+    {"RUSLFLOD", Set<&VpdHeader::setReplaceableUnitSelfLoad>, EmptyValue::ignored},
+    {"RUFLASH", Set<&VpdHeader::setReplaceableUnitFlashLoad>, EmptyValue::ignored},
+    {"BASELOAD", Set<&VpdHeader::setReplaceableUnitBaseLoad>, EmptyValue::ignored},
+    {"RUPFGID", Set<&VpdHeader::setPrimaryFunctionGroupId>, EmptyValue::passedOn, nullptr,
+     &SourceKind::primaryFunctionGroup},
+    {"RUSFGID", Set<&VpdHeader::setSecondaryFunctionGroupId>, EmptyValue::passedOn, nullptr,
+     &SourceKind::secondaryFunctionGroup},
+    {"PRODUCTID", Set<&VpdHeader::setProductId>, EmptyValue::ignored},
+    {"SWRTYPE", Set<&VpdHeader::setSoftwareType>, EmptyValue::ignored},
+    {"DEVELBY", Set<&VpdHeader::setDevelopedByVelmor>, EmptyValue::ignored},
+    {"DEVELFOR", Set<&VpdHeader::setDevelopedForVelmor>, EmptyValue::ignored},
+    {"DEVLABID", Set<&VpdHeader::setDevelopementLabId>, EmptyValue::ignored},
+    {"VERLEVEL", Set<&VpdHeader::setVersionLevel>, EmptyValue::ignored},
+    {"RELMODLVL", Set<&VpdHeader::setReleaseModificationLevel>, EmptyValue::ignored},
+    {"RUDEST", Set<&SsdHeader::setReplaceableUnitDestination>, EmptyValue::passedOn},
+    {"LLBYPASS", SetLinkLoaderBypass, EmptyValue::passedOn},
+    {"DELETERU", Set<&SsdHeader::setDeleteReplaceableUnit>, EmptyValue::passedOn},
+    {"SSDMODEL", Set<&SsdHeader::setSSDModel>, EmptyValue::passedOn},
+    {"ALLOWBKP", Set<&SsdHeader::setAllowBreakpoints>, EmptyValue::passedOn, "Y"},
+    {"LLFLAG", Set<&SsdHeader::setOnlineLLFlag>, EmptyValue::passedOn, "Y"},
 };
 
+// The value that the row's field is set to; nothing when the field stays as it is.
+std::optional<String> ValueOf(const KeywordRow& row, const SourceKind& kind)
+{
+  if (SPAOption::StringValid(row.keyword) == 1) {
+    String value = SPAOption::GetStringValue(row.keyword);
+    if (value.empty() && row.emptyValue == EmptyValue::ignored) return std::nullopt;
+    return value;
+  }
+  const char* value = row.kindWhenNotGiven != nullptr ? kind.*row.kindWhenNotGiven : row.whenNotGiven;
+  if (value == nullptr) return std::nullopt;
+  return value;
+}
+
+int SetKeywordFields(Headers& headers, const SourceKind& kind)
+{
+  for (const KeywordRow& row : keywordRows) {
+    const auto value = ValueOf(row, kind);
+    if (!value) continue;
+    if (const int code = row.set(headers, *value)) return code;
+  }
+  return success;
+}
+
+// A longer name stands after the fill.
 boolean IsShort(const String& memberName) { return memberName.length() <= sizeof(RUSSD::ruName); }
 
-unsigned int FillLength(unsigned int alignment) { return (alignment - headersLength % alignment) % alignment; }
-
-// The keyword's value, which may be empty; nothing when it is not given.
-std::optional<String> Given(const char* keyword)
+// The end of the two headers, rounded up.
+constexpr unsigned int BodyOffset(unsigned int alignment)
 {
-  if (SPAOption::StringValid(keyword) == 0) return std::nullopt;
-  return SPAOption::GetStringValue(keyword);
+  return (headersLength + alignment - 1) / alignment * alignment;
 }
-
-// The keyword's value; empty when it is not given.
-String ValueOf(const char* keyword) { return Given(keyword).value_or(String()); }
-
-void SetPlainFields(VitalProductDataHeaderX& vpd, std::span<const PlainField> fields)
-{
-  for (const PlainField& field : fields) {
-    const String value = ValueOf(field.keyword);
-    if (!value.empty()) (vpd.*field.set)(value);
-  }
-}
-
-int SetNames(VitalProductDataHeaderX& vpd, SystemSpecificDataHeaderX& ssd, const String& memberName)
-{
-  const auto name = Given("RUNAME");
-  if (!name && !IsShort(memberName)) return 48;
-  if (IsShort(memberName)) ssd.setReplaceableUnitName(memberName);
-  if (name && !name->empty()) {
-    vpd.setReplaceableUnitName(*name);
-  } else if (IsShort(memberName)) {
-    vpd.setReplaceableUnitName(memberName);
-  }
-  return 0;
-}
-
-String BodyType(const String& sourceType)
-{
-  const boolean named = sourceType == "VPDINFO" || sourceType == "PFGINFO" || sourceType == "SFGINFO";
-  return named ? sourceType : String("CODE");
-}
-
-void SetFunctionGroups(VitalProductDataHeaderX& vpd, const String& sourceType)
-{
-  if (const auto primary = Given("RUPFGID")) {
-    vpd.setPrimaryFunctionGroupId(*primary);
-  } else if (sourceType != "VPDINFO") {
-    vpd.setPrimaryFunctionGroupId("5001");
-  }
-  if (const auto secondary = Given("RUSFGID")) {
-    vpd.setSecondaryFunctionGroupId(*secondary);
-  } else if (sourceType != "VPDINFO" && sourceType != "SFGINFO") {
-    vpd.setSecondaryFunctionGroupId("0000");
-  }
-}
-
-int SetProductInformation(VitalProductDataHeaderX& vpd)
-{
-  SetPlainFields(vpd, productFields);
-  for (const CheckedField& field : checkedProductFields) {
-    const String value = ValueOf(field.keyword);
-    if (value.empty()) continue;
-    if (const int code = (vpd.*field.set)(value)) return code;
-  }
-  return 0;
-}
-
-int SetSystemFields(SystemSpecificDataHeaderX& ssd)
-{
-  for (const SystemField& field : systemFields) {
-    auto value = Given(field.keyword);
-    if (!value && field.whenNotGiven != nullptr) value = field.whenNotGiven;
-    if (!value) continue;
-    if (const int code = (ssd.*field.set)(*value)) return code;
-  }
-  // A unit that bypasses the link/loader has no destination, whatever RUDEST says.
-  if (ValueOf("LLBYPASS") == "Y") return ssd.setReplaceableUnitDestination();
-  return 0;
-}
+static_assert(BodyOffset(headerBodyAlignment) == 512);
 
 }  // namespace
 
 unsigned int MorvikHeaderLength(const String& memberName)
 {
-  const unsigned int bodyOffset = headersLength + FillLength(headerBodyAlignment);
+  const unsigned int bodyOffset = BodyOffset(headerBodyAlignment);
   return IsShort(memberName) ? bodyOffset : AddLengths(bodyOffset, AddLengths(memberName.length(), 1));
 }
 
 int MorvikCreateHeader(Morvik* builder)
 {
-  VitalProductDataHeaderX vpd(sizeof(VPDHDR));
-  SystemSpecificDataHeaderX ssd(sizeof(RUSSD));
+  Headers headers;
+  auto& [vpd, ssd] = headers;
   const String& memberName = builder->memberName;
+  const SourceKind& kind = SourceKindOf(builder->sourceType);
+  const unsigned int bodyOffset = BodyOffset(builder->bodyAlignment);
 
-  if (const int code = SetNames(vpd, ssd, memberName)) return code;
-  SetPlainFields(vpd, loadFields);
+  if (IsShort(memberName)) {
+    vpd.setReplaceableUnitName(memberName);
+    ssd.setReplaceableUnitName(memberName);
+  } else {
+    if (SPAOption::StringValid("RUNAME") == 0) return noRuName;
+    ssd.setReplaceableUnitNameOffset(bodyOffset);
+  }
   vpd.setVitalProductDataConstant();
-  vpd.setReplaceableUnitBodyType(BodyType(builder->sourceType));
-  SetFunctionGroups(vpd, builder->sourceType);
+  vpd.setReplaceableUnitBodyType(kind.bodyType);
   vpd.setHardwareDependency("N");
   vpd.setSoftwareDependency("N");
-  if (const int code = SetProductInformation(vpd)) return code;
   vpd.setReplaceableUnitDate(builder->ruDate);
   vpd.setReplaceableUnitTime(builder->ruTime);
-  vpd.setVitalProductDataBodyOffset();
-  vpd.setSystemSpecificDataOffset();
-  if (const int code = SetSystemFields(ssd)) return code;
-  ssd.setReplaceableUnitTypeOption(builder->ruType);
-
-  const ByteString fill(FillLength(builder->bodyAlignment), 0x00);
-  const auto vpdLength = static_cast<unsigned int>(vpd.getVitalProductDataBodyOffset());
-  const unsigned int bodyOffset = vpdLength + ssd.getLength() + fill.length();
   vpd.setVitalProductDataBodyOffset(bodyOffset);
+  vpd.setSystemSpecificDataOffset();
+  ssd.setReplaceableUnitTypeOption(builder->ruType);
+  if (const int code = SetKeywordFields(headers, kind)) return code;
+
   builder->header += vpd.getByteString();
-  if (!IsShort(memberName)) ssd.setReplaceableUnitNameOffset(bodyOffset);
   builder->header += ssd.getByteString();
-  builder->header += fill;
+  builder->header += ByteString(bodyOffset - headersLength, 0x00);
   if (!IsShort(memberName)) {
     builder->header += EbcdicCharacter(memberName).toByteString();
     builder->header += 0x00;
   }
-  return 0;
+  return success;
 }

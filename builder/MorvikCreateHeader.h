@@ -10,7 +10,7 @@ class Morvik;
 inline constexpr unsigned int headerBodyAlignment = 256;
 
 // Appends the header block to the builder's header. Returns 0, or the code of the first value that is refused, with
-// nothing appended. To be called once, after both sources were read.
+// nothing appended. To be called once, after the sources were read.
 int MorvikCreateHeader(Morvik* builder);
 
 // The bytes of the header block for a source with this base name: 512, and for a name of more than 8 characters the

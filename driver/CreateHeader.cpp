@@ -1,14 +1,16 @@
 #include "driver/CreateHeader.h"
 
 #include <ctime>
-#include <vector>
 
 #include "builder/Morvik.h"
 #include "builder/MorvikCreateHeader.h"
 #include "driver/Kelvra.h"
+#include "driver/KeptFiles.h"
+#include "driver/OutputBuffer.h"
 #include "foundation/Allocate.h"
 #include "foundation/FileStatus.h"
 #include "foundation/FileStreams.h"
+#include "foundation/ReturnCode.h"
 #include "headers/AuxillaryHdr.h"
 #include "headers/FileHdr.h"
 #include "headers/KespHeader.h"
@@ -89,37 +91,41 @@ ByteString Front(const ByteString& block, unsigned int lidLength, time_t buildTi
 
 int CreateHeader(Kelvra* app)
 {
-  // One buffer for the whole output: room for what stands in front, then the LID, read to its place.
-  const unsigned int frontLength = envelopeLength + MorvikHeaderLength(app->ruvpdFile.getMember());
-  ByteString output(frontLength, 0x00);
-
   ReadFileStream lid(app->lidFile, std::ios_base::in);
-  if (lid.failure()) return 33;
+  if (lid.failure()) return lidNotRead;
   const FileStatus& lidStatus = lid.status();
-  if (!lidStatus.valid()) return 32;
-  // Just below 4 GiB the end of the output has no 32-bit offset. From 4 GiB on the reading below fails.
-  if (lidStatus.size() <= MaximumLength && lidStatus.size() > MaximumLength - frontLength) return 32;
-  lid.appendByteString(output);
-  if (lid.failure()) return 33;
-  const unsigned int lidLength = output.length() - frontLength;
-  if (lidStatus.size() != lidLength) return 32;
+  if (!lidStatus.valid()) return lidNotMeasured;
+  if (lidStatus.size() > MaximumLength) return lidNotRead;
+  const auto lidLength = static_cast<unsigned int>(lidStatus.size());
+  const unsigned int frontLength = envelopeLength + MorvikHeaderLength(app->ruvpdFile.getMember());
+  // Just below 4 GiB the end of the output has no 32-bit offset.
+  if (lidLength > MaximumLength - frontLength) return lidNotMeasured;
 
-  const BuildTime build = GetBuildTime(output(frontLength, sizeof(KESPHDR)), lidStatus);
-  if (build.date.empty() || build.time.empty()) return 19;
+  OutputBuffer output(frontLength, lidLength);
+  if (!output.valid()) return lidNotRead;
+  const boolean whole = output.readLid(lid) == lidLength && lid.endOfFile();
+  if (lid.failure()) return lidNotRead;
+  if (!whole) return lidNotMeasured;
+
+  const BuildTime build = GetBuildTime(output.lidBegin(sizeof(KESPHDR)), lidStatus);
+  if (build.date.empty() || build.time.empty()) return badTime;
 
   Morvik builder;
   int code = builder.morvikParse(app->ruvpdFile.getSource(), build.date, build.time);
-  if (code == 0) code = builder.morvikExecute();
-  if (code != 0) {
+  if (code == success) code = builder.morvikExecute();
+  if (code != success) {
     builder.morvikPrintError(code);
     return code;
   }
-  output.replace(0, frontLength, Front(builder.morvikGetHeader(), lidLength, build.seconds));
+  output.setFront(Front(builder.morvikGetHeader(), lidLength, build.seconds));
 
-  std::vector<FileStatus> inputs = builder.sourceFiles();
-  inputs.push_back(lidStatus);
-  WriteFileStream out(app->outputFile, inputs);
-  if (out.failure()) return 34;
-  out.putByteString(output);
-  return 0;
+  CautiousWriteFileStream out(app->outputFile);
+  if (out.failure()) return outputNotWritten;
+  if (!out.isNew()) {
+    if (IsKept(out.status(), lid, builder.sourceFiles())) return outputNotWritten;
+    out.empty();
+    if (out.failure()) return outputNotWritten;
+  }
+  output.write(out);
+  return success;
 }

@@ -5,6 +5,7 @@
 #include "driver/CreateHeader.h"
 #include "foundation/FileStreams.h"
 #include "foundation/MessageTable.h"
+#include "foundation/ReturnCode.h"
 #include "foundation/StandardStreams.h"
 
 namespace {
@@ -13,23 +14,22 @@ namespace {
 const String defaultName;
 
 constexpr MessageRow messages[] = {
-    {0, "kelvra process completed successfully"},
-    {4, "kelvra process successful: Warning(s) encountered in source file"},
-    {8, "kelvra process failed: Error(s) encountered in source file"},
-    {12, "kelvra process failed: Severe error(s) encountered in source file"},
-    {16, "kelvra process failed: Terminating error(s) encountered in source file"},
-    {17, "File does not have a kesp header on it"},
-    {30, "Required parameter missing"},
-    {31, "Too many parameters"},
-    {32, "Error in getting file length of RU"},
-    {33, "Error in reading object file"},
-    {34, "Error in writing output (.ruh) file"},
-    {90, "Out of memory"},
-    {100, "Error writing VPD header to STDOUT"},
-    {101, "kelvra process failed"},
+    {success, "kelvra process completed successfully"},
+    {warningsInSource, "kelvra process successful: Warning(s) encountered in source file"},
+    {errorsInSource, "kelvra process failed: Error(s) encountered in source file"},
+    {severeErrorsInSource, "kelvra process failed: Severe error(s) encountered in source file"},
+    {terminatingErrorsInSource, "kelvra process failed: Terminating error(s) encountered in source file"},
+    {badFileName, "File does not have a kesp header on it"},
+    {parameterMissing, "Required parameter missing"},
+    {tooManyParameters, "Too many parameters"},
+    {lidNotMeasured, "Error in getting file length of RU"},
+    {lidNotRead, "Error in reading object file"},
+    {outputNotWritten, "Error in writing output (.ruh) file"},
+    {outOfMemory, "Out of memory"},
+    {headerNotPrinted, "Error writing VPD header to STDOUT"},
+    {runFailed, "kelvra process failed"},
 };
-static_assert(std::size(messages) == 14);
-constexpr int generalFailure = 101;
+static_assert(CodesAscend(messages));
 
 struct FileOption {
   const char* word;
@@ -82,7 +82,7 @@ int Kelvra::createWriteHeader() { return CreateHeader(this); }
 void Kelvra::printError(int code) const
 {
   const char* message = FindMessage(messages, code);
-  PrintMessage(message != nullptr ? message : FindMessage(messages, generalFailure));
+  PrintMessage(message != nullptr ? message : FindMessage(messages, runFailed));
 }
 
 void Kelvra::showUsage() const { ShowUsage(this); }
@@ -90,18 +90,18 @@ void Kelvra::showUsage() const { ShowUsage(this); }
 int Parse(Kelvra* app, int argc, char** argv)
 {
   if (app->getName().empty() && argc > 0) app->setName(FileName(argv[0]).getMember());
-  if (argc <= 1) return 30;
+  if (argc <= 1) return parameterMissing;
   for (int i = 1; i < argc; i++) {
     const FileOption* option = FindOption(argv[i]);
-    if (option == nullptr || ++i == argc) return 30;
+    if (option == nullptr || ++i == argc) return parameterMissing;
     app->*option->file = FileName(argv[i]);
   }
-  if (app->lidFile.getSource().empty()) return 30;
+  if (app->lidFile.getSource().empty()) return parameterMissing;
   DefaultFrom(app->lidFile, app->ruvpdFile, "lidhdr");
   DefaultFrom(app->lidFile, app->outputFile, "ruhx");
   CompleteExtension(app->lidFile, "kesp");
   CompleteExtension(app->ruvpdFile, "lidhdr");
-  return 0;
+  return success;
 }
 
 void ShowUsage(const Kelvra* app)

@@ -1,10 +1,11 @@
 #include "driver/Kelvra.h"
+#include "foundation/ReturnCode.h"
 
 int main(int argc, char** argv)
 {
   Kelvra app;
   int code = app.parseParams(argc, argv);
-  if (code != 0) {
+  if (code != success) {
     app.printError(code);
     app.showUsage();
     return code;

@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <cstring>
 
+#include "foundation/BasicTypes.h"
+
 constexpr unsigned int MaximumLength = UINT32_MAX;
 
 constexpr unsigned int MIN(unsigned int a, unsigned int b) { return a < b ? a : b; }
@@ -25,15 +27,7 @@ void MoveBytes(Byte* to, const Byte* from, unsigned int n)
   if (n != 0) std::memmove(to, from, n);
 }
 
-// True when p points into the block of `size` bytes.
-template <class Byte>
-bool PointsInto(const Byte* p, const Byte* block, unsigned int size)
-{
-  return reinterpret_cast<std::uintptr_t>(p) - reinterpret_cast<std::uintptr_t>(block) < size;
-}
-
-// n bytes, contents undefined. Large blocks get huge pages where the operating system grants them: filling a block of
-// small pages costs more in page faults than in copying.
+// n bytes, contents undefined.
 [[nodiscard]] void* AllocateBlock(unsigned int n);
 void DeAllocateBlock(void* block);
 
@@ -60,3 +54,26 @@ template <class Byte>
   DeAllocate(p);
   return block;
 }
+
+// The n bytes at p, to be read while a block changes: p itself, or a copy when the bytes lie in the block, which is
+// `size` bytes long.
+template <class Byte>
+class SteadyBytes {
+ public:
+  SteadyBytes(const Byte* p, unsigned int n, const Byte* block, unsigned int size) : bytes(p)
+  {
+    if (reinterpret_cast<std::uintptr_t>(p) - reinterpret_cast<std::uintptr_t>(block) >= size) return;
+    copy = Allocate<Byte>(n);
+    MoveBytes(copy, p, n);
+    bytes = copy;
+  }
+  ~SteadyBytes() { DeAllocate(copy); }
+  SteadyBytes(const SteadyBytes&) = delete;
+  SteadyBytes& operator=(const SteadyBytes&) = delete;
+
+  const Byte* get() const { return bytes; }
+
+ private:
+  const Byte* bytes;
+  Byte* copy = nullptr;
+};

@@ -2,7 +2,12 @@
 // 32 bits, whatever the host's `long` holds.
 #pragma once
 
+#include <climits>
+#include <cstddef>
 #include <cstdint>
+
+static_assert(CHAR_BIT == 8 && sizeof(int) == 4 && sizeof(long) == 8 && sizeof(std::size_t) == 8,
+              "the widths for which this system is written");
 
 using boolean = bool;
 

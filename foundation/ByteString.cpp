@@ -143,7 +143,6 @@ ByteString& ByteString::remove(unsigned int position, unsigned int count)
 ByteString& ByteString::insert(unsigned int position, const ByteString& b)
 {
   AssertPosition(position, len, "ByteString &ByteString::insert (unsigned int, const ByteString &)");
-  if (&b == this) return insert(position, ByteString(b));
   return insertBytes(position, b.buffer, b.len);
 }
 
@@ -155,17 +154,17 @@ ByteString& ByteString::insert(unsigned int position, unsigned char byte)
 
 ByteString& ByteString::insertBytes(unsigned int position, const unsigned char* p, unsigned int n)
 {
+  const SteadyBytes<unsigned char> inserted(p, n, buffer, capacity);
   const unsigned int tail = len - position;
   extend(n);
   MoveBytes(buffer + position + n, buffer + position, tail);
-  MoveBytes(buffer + position, p, n);
+  MoveBytes(buffer + position, inserted.get(), n);
   return *this;
 }
 
 ByteString& ByteString::replace(unsigned int position, unsigned int count, const ByteString& b)
 {
   AssertPosition(position, len, "ByteString &ByteString::replace (unsigned int, unsigned int, const ByteString &)");
-  if (&b == this) return replace(position, count, ByteString(b));
   return replaceBytes(position, count, b.buffer, b.len);
 }
 
@@ -177,19 +176,14 @@ ByteString& ByteString::replace(unsigned int position, unsigned int count, unsig
 
 ByteString& ByteString::replaceBytes(unsigned int position, unsigned int count, const unsigned char* p, unsigned int n)
 {
+  const SteadyBytes<unsigned char> by(p, n, buffer, capacity);
   const unsigned int replaced = MIN(count, len - position);
-  if (replaced < n) return remove(position, replaced).insertBytes(position, p, n);
-  MoveBytes(buffer + position, p, n);
+  if (replaced < n) return remove(position, replaced).insertBytes(position, by.get(), n);
+  MoveBytes(buffer + position, by.get(), n);
   return remove(position + n, replaced - n);
 }
 
-ByteString& ByteString::operator+=(const ByteString& b)
-{
-  const unsigned int added = b.len;
-  unsigned char* end = extend(added);
-  MoveBytes(end, b.buffer, added);
-  return *this;
-}
+ByteString& ByteString::operator+=(const ByteString& b) { return insertBytes(len, b.buffer, b.len); }
 
 ByteString& ByteString::operator+=(unsigned char byte)
 {

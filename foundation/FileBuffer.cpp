@@ -4,9 +4,9 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <cerrno>
-#include <cstring>
 #include <system_error>
+
+#include "foundation/SystemCall.h"
 
 namespace {
 
@@ -29,31 +29,30 @@ int OpenFlags(int mode)
   return truncates || !reads ? access | O_CREAT | O_TRUNC : access;
 }
 
-boolean HoldsNul(const String& name) { return std::strlen(name) != name.length(); }
-
 }  // namespace
 
 int FileDescriptor::open(const String& name, int flags)
 {
   if (flags == refused) return EINVAL;
   if (HoldsNul(name)) return ENOENT;
-  do {
-    number = ::open(name, flags | O_CLOEXEC, createdFilePermissions);
-  } while (!isOpen() && errno == EINTR);
+  number = Uninterrupted([&] { return ::open(name, flags | O_CLOEXEC, createdFilePermissions); });
+  if (isOpen() && number <= STDERR_FILENO) {
+    const int low = number;
+    number = Uninterrupted([&] { return ::fcntl(low, F_DUPFD_CLOEXEC, STDERR_FILENO + 1); });
+    ::close(low);
+  }
   return isOpen() ? 0 : errno;
 }
 
-FileDescriptor::~FileDescriptor()
+void FileDescriptor::close()
 {
   if (isOpen()) ::close(number);
+  number = -1;
 }
 
 std::streamsize FileDescriptor::read(char* p, std::streamsize n) const
 {
-  ssize_t got = 0;
-  do {
-    got = ::read(number, p, static_cast<std::size_t>(n));
-  } while (got < 0 && errno == EINTR);
+  const ssize_t got = Uninterrupted([&] { return ::read(number, p, static_cast<std::size_t>(n)); });
   if (got < 0) throw std::system_error(errno, std::generic_category());
   return got;
 }
@@ -62,12 +61,10 @@ std::streamsize FileDescriptor::write(const char* p, std::streamsize n) const
 {
   std::streamsize written = 0;
   while (written < n) {
-    const ssize_t step = ::write(number, p + written, static_cast<std::size_t>(n - written));
-    if (step > 0) {
-      written += step;
-    } else if (step == 0 || errno != EINTR) {
-      break;
-    }
+    const auto rest = static_cast<std::size_t>(n - written);
+    const ssize_t step = Uninterrupted([&] { return ::write(number, p + written, rest); });
+    if (step <= 0) break;
+    written += step;
   }
   return written;
 }
@@ -76,11 +73,7 @@ off_t FileDescriptor::seek(off_t offset, int whence) const { return ::lseek(numb
 
 boolean FileDescriptor::truncate() const
 {
-  int result = 0;
-  do {
-    result = ::ftruncate(number, 0);
-  } while (result != 0 && errno == EINTR);
-  return result == 0;
+  return Uninterrupted([&] { return ::ftruncate(number, 0); }) == 0;
 }
 
 FileReadBuffer::FileReadBuffer(const String& name, int mode)
@@ -88,7 +81,7 @@ FileReadBuffer::FileReadBuffer(const String& name, int mode)
   if (file.open(name, OpenFlags(mode | std::ios_base::in)) != 0) return;
   openStatus = file.status();
   if ((mode & std::ios_base::ate) != 0) readEnd = file.seek(0, SEEK_END);
-  opened = !openStatus.isDirectory() && readEnd >= 0;
+  if (openStatus.isDirectory() || readEnd < 0) file.close();
 }
 
 FileReadBuffer::int_type FileReadBuffer::underflow()
@@ -123,12 +116,6 @@ std::streamsize FileReadBuffer::xsgetn(char* p, std::streamsize n)
   return got;
 }
 
-std::streamsize FileReadBuffer::showmanyc()
-{
-  const auto size = openStatus.isRegular() ? static_cast<off_t>(openStatus.size()) : 0;
-  return size > readEnd ? size - readEnd : 0;
-}
-
 FileReadBuffer::pos_type FileReadBuffer::seekoff(off_type offset, std::ios_base::seekdir from, std::ios_base::openmode)
 {
   const off_t buffered = egptr() - gptr();
@@ -150,24 +137,24 @@ FileReadBuffer::pos_type FileReadBuffer::seekpos(pos_type position, std::ios_bas
 
 FileWriteBuffer::FileWriteBuffer(const String& name, int mode)
 {
-  opened = file.open(name, OpenFlags(mode | std::ios_base::out)) == 0;
-  if (opened && (mode & std::ios_base::ate) != 0) opened = file.seek(0, SEEK_END) >= 0;
+  file.open(name, OpenFlags(mode | std::ios_base::out));
+  if ((mode & std::ios_base::ate) != 0 && file.seek(0, SEEK_END) < 0) file.close();
   setp(block.data(), block.data() + block.size());
 }
 
-// A file that the first open creates is no other's. One that exists is emptied only when it is known to be none of
-// those kept.
-FileWriteBuffer::FileWriteBuffer(const String& name, std::span<const FileStatus> kept)
+FileWriteBuffer::FileWriteBuffer(const String& name, AsItStands)
 {
   const int error = file.open(name, O_WRONLY | O_CREAT | O_EXCL);
-  opened = error == 0;
-  if (error == EEXIST && file.open(name, O_WRONLY | O_CREAT) == 0) {
-    const FileStatus status = file.status();
-    const boolean isKept =
-        std::any_of(kept.begin(), kept.end(), [&](const FileStatus& other) { return status.mayBeSameFile(other); });
-    opened = !isKept && (!status.isRegular() || status.size() == 0 || file.truncate());
-  }
+  created = error == 0;
+  if (error == EEXIST && file.open(name, O_WRONLY | O_CREAT) == 0) oldStatus = file.status();
   setp(block.data(), block.data() + block.size());
+}
+
+boolean FileWriteBuffer::empty()
+{
+  const boolean done = !oldStatus.isRegular() || oldStatus.size() == 0 || file.truncate();
+  if (!done) file.close();
+  return done;
 }
 
 FileWriteBuffer::~FileWriteBuffer() { FileWriteBuffer::sync(); }

@@ -6,7 +6,6 @@
 #include <sys/types.h>
 
 #include <array>
-#include <span>
 #include <streambuf>
 
 #include "foundation/FileStatus.h"
@@ -16,14 +15,15 @@
 class FileDescriptor {
  public:
   FileDescriptor() = default;
-  ~FileDescriptor();
+  ~FileDescriptor() { close(); }
   FileDescriptor(const FileDescriptor&) = delete;
   FileDescriptor& operator=(const FileDescriptor&) = delete;
 
   // Opens the file with the flags of open(2); 0 or an errno value. To be called once, or again after a failure. A name
   // that holds a NUL byte names no file. A file that the open creates gets the permissions 0664, less the process's
-  // umask.
+  // umask. The file never takes the place of a standard stream that is closed, so that no message lands in it.
   int open(const String& name, int flags);
+  void close();
   boolean isOpen() const { return number >= 0; }
   FileStatus status() const { return FileStatus(number); }
   // Up to n bytes, 0 at the end of the file; throws std::system_error when the file cannot be read.
@@ -45,35 +45,41 @@ class FileReadBuffer : public std::streambuf {
   FileReadBuffer(const String& name, int mode);
 
   // False also for a directory, which opens but cannot be read.
-  boolean isOpen() const { return opened; }
-  // The file's status at the open.
+  boolean isOpen() const { return file.isOpen(); }
+  // The file's status at the open, and as it is now.
   const FileStatus& status() const { return openStatus; }
+  FileStatus statusNow() const { return file.status(); }
 
  protected:
   int_type underflow() override;
   std::streamsize xsgetn(char* p, std::streamsize n) override;
-  // What a regular file still holds, by its size at the open.
-  std::streamsize showmanyc() override;
   pos_type seekoff(off_type offset, std::ios_base::seekdir from, std::ios_base::openmode which) override;
   pos_type seekpos(pos_type position, std::ios_base::openmode which) override;
 
  private:
   FileDescriptor file;
   FileStatus openStatus;
-  boolean opened = false;
   off_t readEnd = 0;  // position in the file of what the next read brings
   std::array<char, 4096> block;
 };
 
+// Opens a file for output as it stands, with all that it holds.
+enum class AsItStands { open };
+
 class FileWriteBuffer : public std::streambuf {
  public:
   FileWriteBuffer(const String& name, int mode);
-  // For output: a new file, or an old one emptied, but not one that may be among `kept`, which stays as it is.
-  FileWriteBuffer(const String& name, std::span<const FileStatus> kept);
+  FileWriteBuffer(const String& name, AsItStands how);
   // Writes what the block still holds.
   ~FileWriteBuffer() override;
 
-  boolean isOpen() const { return opened; }
+  boolean isOpen() const { return file.isOpen(); }
+  // Whether the open made the file.
+  boolean isNew() const { return created; }
+  // The status of a file that was there before, at the open.
+  const FileStatus& status() const { return oldStatus; }
+  // Cuts a regular file to nothing; whether it is empty then. One that cannot be cut is closed.
+  boolean empty();
 
  protected:
   int_type overflow(int_type ch) override;
@@ -82,6 +88,7 @@ class FileWriteBuffer : public std::streambuf {
 
  private:
   FileDescriptor file;
-  boolean opened;
+  boolean created = false;
+  FileStatus oldStatus;
   std::array<char, 4096> block;
 };

@@ -1,7 +1,5 @@
 #include "foundation/FileStreams.h"
 
-#include "foundation/FileBuffer.h"
-
 namespace {
 
 // A standard stream with the buffer of its file.
@@ -27,11 +25,21 @@ WriteFileStream::WriteFileStream(const FileName& name, int mode) : WriteStream(n
 
 WriteFileStream::WriteFileStream(const FileName& name, const String&) : WriteFileStream(name, std::ios_base::out) {}
 
-WriteFileStream::WriteFileStream(const FileName& name, std::span<const FileStatus> kept)
-    : WriteStream(new OutputFile(name, kept))
-{}
+WriteFileStream::WriteFileStream(const FileName& name, AsItStands how) : WriteStream(new OutputFile(name, how)) {}
 
 WriteFileStream::~WriteFileStream() { delete stream; }
+
+boolean CautiousWriteFileStream::isNew() const { return static_cast<const OutputFile*>(stream)->buffer.isNew(); }
+
+const FileStatus& CautiousWriteFileStream::status() const
+{
+  return static_cast<const OutputFile*>(stream)->buffer.status();
+}
+
+void CautiousWriteFileStream::empty()
+{
+  if (!static_cast<OutputFile*>(stream)->buffer.empty()) setFailure();
+}
 
 ReadFileStream::ReadFileStream(const FileName& name, int mode) : ReadStream(new InputFile(name, mode))
 {
@@ -43,3 +51,5 @@ ReadFileStream::ReadFileStream(const FileName& name, const String&) : ReadFileSt
 ReadFileStream::~ReadFileStream() { delete stream; }
 
 const FileStatus& ReadFileStream::status() const { return static_cast<const InputFile*>(stream)->buffer.status(); }
+
+FileStatus ReadFileStream::statusNow() const { return static_cast<const InputFile*>(stream)->buffer.statusNow(); }

@@ -3,8 +3,7 @@
 // takes no part.
 #pragma once
 
-#include <span>
-
+#include "foundation/FileBuffer.h"
 #include "foundation/FileName.h"
 #include "foundation/FileStatus.h"
 #include "foundation/ReadStream.h"
@@ -15,9 +14,22 @@ class WriteFileStream : public WriteStream {
  public:
   WriteFileStream(const FileName& name, int mode);
   WriteFileStream(const FileName& name, const String& text);
-  // For output, but in failure, with the file as it was, when it may be one of those kept.
-  WriteFileStream(const FileName& name, std::span<const FileStatus> kept);
   ~WriteFileStream() override;
+
+ protected:
+  WriteFileStream(const FileName& name, AsItStands how);
+};
+
+// An output file that stays as it is until it is emptied, so that its opener can first see which file it is.
+class CautiousWriteFileStream : public WriteFileStream {
+ public:
+  explicit CautiousWriteFileStream(const FileName& name) : WriteFileStream(name, AsItStands::open) {}
+
+  // Whether the open made the file; if not, the status that it found.
+  boolean isNew() const;
+  const FileStatus& status() const;
+  // Makes a regular file empty. One that cannot be is closed and leaves the stream in failure.
+  void empty();
 };
 
 // In failure too when the name is not valid or is a directory's.
@@ -27,6 +39,7 @@ class ReadFileStream : public ReadStream {
   ReadFileStream(const FileName& name, const String& text);
   ~ReadFileStream() override;
 
-  // The file's status when it was opened.
+  // The file's status when it was opened, and as it is now.
   const FileStatus& status() const;
+  FileStatus statusNow() const;
 };

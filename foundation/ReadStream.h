@@ -20,17 +20,17 @@ class ReadStream {
   int peekChar() const;
   // Up to n bytes; how many came is not told, and a read cut short by the end leaves the failure.
   void read(unsigned char* p, unsigned int n);
+  // The same, and returns how many came; fewer than n at the end of the input are no failure.
+  unsigned int readUpTo(unsigned char* p, unsigned int n);
   // The string becomes up to n raw characters.
   void getString(String& s, unsigned int n);
-  // The string becomes the next line, without its delimiter.
-  void getLine(String& s, char delimiter);
+  // The string becomes the next line, without its delimiter. A longer line sets the failure.
+  void getLine(String& s, char delimiter, unsigned int longest = String::longestText);
   ReadStream& operator>>(String& s);
   // The byte string becomes up to n bytes, or the whole rest of the input. More bytes than a ByteString counts, and a
   // file that cannot be read to its end, set the failure.
   ReadStream& getByteString(ByteString& b, unsigned int n);
   ReadStream& getByteString(ByteString& b);
-  // The same, with the bytes appended to those that b holds.
-  ReadStream& appendByteString(ByteString& b);
 
   // Moves to `offset` bytes from the start and clears the end-of-input flag; the failure flag stays.
   void setOffset(unsigned long offset);
@@ -48,6 +48,4 @@ class ReadStream {
  private:
   template <class Read>
   void guard(Read readIt);
-  std::streamsize available() const;
-  void appendBytes(ByteString& b, unsigned int most);
 };

@@ -1,7 +1,8 @@
 #include "foundation/StandardStreams.h"
 
-#include <cerrno>
 #include <iostream>
+
+#include "foundation/SystemCall.h"
 
 StandardWriteStream::StandardWriteStream() : WriteStream(&std::cout) {}
 
@@ -13,9 +14,10 @@ void PrintErrorLine(const String& line)
 {
   const String whole = line + '\n';
   StandardErrorStream error;
-  do {
+  Uninterrupted([&] {
     error.clearFailure();  // of an earlier line: each gets its own try
     errno = 0;
     error.putString(whole);
-  } while (error.failure() && errno == EINTR);
+    return error.failure() ? -1 : 0;
+  });
 }

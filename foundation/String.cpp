@@ -43,6 +43,17 @@ void AssertPosition(unsigned int position, unsigned int length, const AssertingF
 // memcmp, with null pointers allowed when n is 0.
 int CompareBytes(const char* a, const char* b, unsigned int n) { return n != 0 ? std::memcmp(a, b, n) : 0; }
 
+// Whether the one conversion of a printf-style format takes a signed number.
+boolean IsSignedConversion(const char* form)
+{
+  const char* conversion = std::strchr(form, '%');
+  while (conversion != nullptr && conversion[1] == '%') conversion = std::strchr(conversion + 2, '%');
+  if (conversion == nullptr) return false;
+  conversion++;
+  conversion += std::strspn(conversion, "-+ #0123456789.'hlqjzt");
+  return *conversion == 'd' || *conversion == 'i';
+}
+
 String Joined(const char* a, unsigned int aLength, const char* b, unsigned int bLength)
 {
   PreAllocatedString joined(AddLengths(aLength, bLength));
@@ -70,7 +81,7 @@ String& String::operator=(const String& s) { return assignText(s.buffer, s.len);
 
 String& String::operator=(const char* s) { return assignText(s, TextLength(s)); }
 
-// A text that begins inside the own buffer is shorter than its capacity, so that its block stays.
+// A text that begins inside the own block is shorter than its capacity: it only moves.
 String& String::assignText(const char* p, unsigned int n)
 {
   if (p == buffer) return *this;
@@ -85,7 +96,9 @@ String& String::assignText(const char* p, unsigned int n)
 
 String& String::assign(const char* p, unsigned int n)
 {
-  store(reSizeAround(p, n), n);
+  const SteadyBytes<char> text(p, n, buffer, capacity);
+  reSize(n);
+  store(text.get(), n);
   return *this;
 }
 
@@ -144,8 +157,9 @@ char String::operator[](unsigned long index) const
 
 String& String::append(const char* p, unsigned int n)
 {
-  p = reSizeAround(p, AddLengths(len, n));
-  MoveBytes(buffer + len, p, n);
+  const SteadyBytes<char> added(p, n, buffer, capacity);
+  reSize(AddLengths(len, n));
+  MoveBytes(buffer + len, added.get(), n);
   len += n;
   buffer[len] = '\0';
   return *this;
@@ -177,13 +191,10 @@ String& String::insert(unsigned int position, char ch)
 
 String& String::insertText(unsigned int position, const char* p, unsigned int n)
 {
-  if (PointsInto<char>(p, buffer, capacity)) {
-    const String copy(p, n);
-    return insertText(position, copy.buffer, n);
-  }
+  const SteadyBytes<char> inserted(p, n, buffer, capacity);
   reSize(AddLengths(len, n));
   MoveBytes(buffer + position + n, buffer + position, len - position + 1);
-  MoveBytes(buffer + position, p, n);
+  MoveBytes(buffer + position, inserted.get(), n);
   len += n;
   return *this;
 }
@@ -204,17 +215,6 @@ void String::reSize(unsigned int n)
   const unsigned int grown = GrownCapacity(needed, capacity);
   buffer = ReAllocate(buffer, capacity, grown);
   capacity = grown;
-}
-
-const char* String::reSizeAround(const char* p, unsigned int n)
-{
-  if (!PointsInto<char>(p, buffer, capacity)) {
-    reSize(n);
-    return p;
-  }
-  const std::uintptr_t offset = reinterpret_cast<std::uintptr_t>(p) - reinterpret_cast<std::uintptr_t>(buffer);
-  reSize(n);
-  return buffer + offset;
 }
 
 String String::operator()(unsigned int start, unsigned int count) const
@@ -328,12 +328,16 @@ String& String::itoa(int value, const char* form) { return format(form, value); 
 
 String& String::uitoa(unsigned int value, const char* form) { return format(form, value); }
 
-String& String::ltoa(long value, const char* form) { return format(form, long{Low32(value)}); }
+// The conversion of the format, not the type of the value, says whether its 32 bits have a sign.
+String& String::ltoa(long value, const char* form)
+{
+  return IsSignedConversion(form) ? format(form, long{Low32(value)}) : ultoa(static_cast<unsigned long>(value), form);
+}
 
 String& String::ultoa(unsigned long value, const char* form)
 {
-  const unsigned long low = Low32(value);
-  return format(form, low);
+  if (IsSignedConversion(form)) return ltoa(static_cast<long>(value), form);
+  return format(form, static_cast<unsigned long>(Low32(value)));
 }
 
 int String::AtoI(int base) const
@@ -370,11 +374,11 @@ int String::Compare(const char* a, unsigned int aLength, const char* b, unsigned
   return static_cast<int>(std::clamp<long long>(difference, INT32_MIN, INT32_MAX));
 }
 
-std::istream& String::getLine(std::istream& stream, char delimiter)
+std::istream& String::getLine(std::istream& stream, char delimiter, unsigned int longest)
 {
   clear();
   while (!stream.fail()) {
-    const unsigned int room = MIN(lineChunk, MaximumLength - 1 - len);
+    const unsigned int room = MIN(lineChunk, longest - len);
     if (room == 0) {
       stream.setstate(std::ios_base::failbit);
       break;

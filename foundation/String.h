@@ -10,6 +10,9 @@
 
 class String {
  public:
+  // In characters: the NUL after them is counted too.
+  static constexpr unsigned int longestText = UINT_MAX - 1;
+
   // Empty.
   String();
   // Empty, with room for n characters.
@@ -99,17 +102,15 @@ class String {
   // Negative, 0 or positive by the first differing byte (unsigned), else by the lengths.
   static int Compare(const char* a, unsigned int aLength, const char* b, unsigned int bLength);
 
-  // Reads one line, of any length; the delimiter is consumed and not stored. A last line without one is a line. A line
-  // of more than 4294967294 bytes, and an end of input before any byte, set the stream's failure.
-  std::istream& getLine(std::istream& stream, char delimiter);
+  // Reads one line; the delimiter is consumed and not stored. A last line without one is a line. A line of more than
+  // `longest` bytes, and an end of input before any byte, set the stream's failure.
+  std::istream& getLine(std::istream& stream, char delimiter, unsigned int longest = longestText);
   // Skips white space and reads up to the next white space, which stays in the stream.
   std::istream& getWord(std::istream& stream);
   // Reads up to n raw bytes.
   std::istream& get(std::istream& stream, unsigned int n);
 
  private:
-  // reSize for an operation that reads from p afterwards; returns p, moved along when it points into the block.
-  const char* reSizeAround(const char* p, unsigned int n);
   // Makes the n characters at p, which fit in the block and may lie in it, the whole text.
   void store(const char* p, unsigned int n);
   String& assignText(const char* p, unsigned int n);
@@ -135,6 +136,13 @@ boolean operator==(const String& a, const String& b);
 boolean operator==(const String& a, const char* b);
 boolean operator==(const String& a, char* b);
 boolean operator>(const String& a, const String& b);
+// There is no other order. Without these, the conversion to a pointer would compare addresses.
+template <class Other>
+boolean operator<(const String& a, const Other& b) = delete;
+template <class Other>
+boolean operator<=(const String& a, const Other& b) = delete;
+template <class Other>
+boolean operator>=(const String& a, const Other& b) = delete;
 
 // Writes all length() characters unformatted.
 std::ostream& operator<<(std::ostream& stream, const String& s);

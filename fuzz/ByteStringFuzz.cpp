@@ -46,7 +46,9 @@ static void Read(ByteString& s, Vector& model, const string& file, unsigned int 
   ReadStream in(&stream);
   in.getByteString(s, count);
   Require(s.equal(Bytes(file.substr(0, count))), "up to so many bytes");
-  in.appendByteString(s);
+  ByteString rest;
+  in.getByteString(rest);
+  s += rest;
   model.assign(file.begin(), file.end());
   Require(!in.failure() && in.endOfFile(), "all of the input, without failure");
 }

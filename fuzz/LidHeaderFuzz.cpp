@@ -3,8 +3,8 @@
 #include <cstring>
 #include <ctime>
 
-#include "headers/KespHeader.h"
 #include "fuzz/FuzzInput.h"
+#include "headers/KespHeader.h"
 
 // What the digits of 6 bytes give, and the date that the apply step makes of it.
 static void CheckTime(const tm* time, const string& digits)
@@ -37,22 +37,21 @@ static void Run(FuzzInput input)
   Require(header.valid() == (file.size() >= 104), "104 bytes make a header");
   if (!header.valid()) return;
   string fields = file.substr(0, 104);
-  std::size_t held = 104;  // behind these bytes no field is read or written
-  const auto get = [&](unsigned at, unsigned n) { return at + n <= held ? fields.substr(at, n) : string(n, '\0'); };
-  const auto put = [&](unsigned at, string b) { at + b.size() <= held ? fields.replace(at, b.size(), b) : fields; };
   const auto number = [](const string& raw) { return std::strtoul(Bytes(raw).toHexString(), nullptr, 16); };
-  const bool isShort = number(get(2, 2)) == 2;
-  const string phylum = isShort ? "" : file.substr(104, number(get(102, 2)));
-  if (isShort) fields.resize(std::min<std::size_t>(104, number(get(24, 4))));
-  if (isShort) held = std::min<std::size_t>(96, fields.size());
-  Require(header.getMagicNumber() == number(get(0, 2)) && header.getLength() == number(get(24, 4)), "magic, length");
+  const auto magic = number(fields.substr(0, 2)), length = number(fields.substr(24, 4));
+  const bool isShort = number(fields.substr(2, 2)) == 2;
+  const std::size_t held = isShort ? std::min<std::size_t>(104, length) : 104;
+  const string phylum = isShort ? "" : file.substr(104, number(fields.substr(102, 2)));
+  fields.resize(held), fields.resize(104);  // what is cut counts as zeros
+  Require(header.getMagicNumber() == (held >= 2 ? magic : 0), "the magic number");
+  Require(header.getLength() == (held >= 28 ? length : 0), "the length");
   Require(header.holdsLidDateTime() == (held >= 14), "whether there is a date");
-  CheckTime(header.getLidDateTime(), get(8, 6));
-  CheckTime(header.getLidUpdateTime(), get(96, 6));
-  CheckFile(header, fields + phylum);
+  CheckTime(header.getLidDateTime(), fields.substr(8, 6));
+  CheckTime(header.getLidUpdateTime(), isShort ? string(6, '\0') : fields.substr(96, 6));
+  CheckFile(header, fields.substr(0, held) + phylum);
 
   const string text = file.substr(file.size() - static_cast<unsigned char>(file[30]) % 104U);
-  const string four = (text + "1234").substr(0, 4), length(1, static_cast<char>(text.size()));
+  const string four = (text + "1234").substr(0, 4), size(1, static_cast<char>(text.size()));
   const auto value = static_cast<unsigned int>(number(four));
   String characters = Text(text), hex = Bytes(four).toHexString() + "0", noHex = characters + "00000000g";
   ByteString tail = Bytes(text);
@@ -65,9 +64,10 @@ static void Run(FuzzInput input)
   for (std::size_t i = 0; i < 12 && std::strlen(characters) >= 12; i += 2) {
     digits += static_cast<char>(text[i] << 4 | (text[i + 1] & 15));
   }
+  const auto put = [&](std::size_t at, const string& b) { fields.replace(at, b.size(), b); };
   put(4, four), put(8, digits), put(14, four.substr(2)), put(16, four), put(20, four), put(28, four.substr(3));
-  put(24, string(3, '\0') + static_cast<char>(104 + text.size())), put(32, info);
-  put(96, digits), put(102, '\0' + length);
-  CheckFile(header, fields + (isShort ? "" : text));
+  put(32, info);
+  if (!isShort) put(24, string(3, '\0') + static_cast<char>(104 + text.size())), put(96, digits), put(102, '\0' + size);
+  CheckFile(header, fields.substr(0, held) + (isShort ? "" : text));
   if (!isShort) CheckFile(KespHeader(Bytes(fields + text)), fields + text);
 }

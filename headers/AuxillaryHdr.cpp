@@ -1,9 +1,8 @@
 #include "headers/AuxillaryHdr.h"
 
-#include "foundation/Assertion.h"
-#include "headers/HeaderRecord.h"
-
 namespace {
+
+constexpr char source[] = "AuxillaryHdr";
 
 constexpr unsigned int fullFormSize = 72;
 
@@ -11,31 +10,27 @@ AUXILLARYHDR& CastToStructAUXILLARYHDR(ByteString& bytes) { return ViewAs<AUXILL
 
 }  // namespace
 
-AuxillaryHdr::AuxillaryHdr(unsigned int length) : bytes(ZeroBytes(length, sizeof(AUXILLARYHDR))) {}
+AuxillaryHdr::AuxillaryHdr(unsigned int length) : record(source, length, sizeof(AUXILLARYHDR)) {}
 
-AuxillaryHdr::AuxillaryHdr(const ByteString& b) : bytes(AtLeast(b, fullFormSize)) {}
+AuxillaryHdr::AuxillaryHdr(const ByteString& b) : record(source, b, fullFormSize) {}
 
-AUXILLARYHDR& AuxillaryHdr::header(const AssertingFunction& function)
+AUXILLARYHDR& AuxillaryHdr::fields(const AssertingFunction& function)
 {
-  Assert(valid(), "valid()", "AuxillaryHdr", function);
-  return CastToStructAUXILLARYHDR(bytes);
+  return CastToStructAUXILLARYHDR(record.bytes(function));
 }
 
-void AuxillaryHdr::setMFlag() { header("void AuxillaryHdr::setMFlag ()").magicNumber = 0x010B; }
+void AuxillaryHdr::setMFlag() { fields("void AuxillaryHdr::setMFlag ()").magicNumber = 0x010B; }
 
-void AuxillaryHdr::setVStamp() { header("void AuxillaryHdr::setVStamp ()").versionStamp = 0x0010; }
+void AuxillaryHdr::setVStamp() { fields("void AuxillaryHdr::setVStamp ()").versionStamp = 0x0010; }
 
 void AuxillaryHdr::Endian()
 {
-  AUXILLARYHDR& record = header("void AuxillaryHdr::Endian ()");
-  ToFileOrder(record.magicNumber, record.versionStamp, record.textSize, record.initialisedDataSize,
-              record.uninitialisedDataSize, record.entryPoint, record.textStart, record.dataStart);
+  AUXILLARYHDR& auxillary = fields("void AuxillaryHdr::Endian ()");
+  ToFileOrder(auxillary.magicNumber, auxillary.versionStamp, auxillary.textSize, auxillary.initialisedDataSize,
+              auxillary.uninitialisedDataSize, auxillary.entryPoint, auxillary.textStart, auxillary.dataStart);
 }
 
 ByteString AuxillaryHdr::getByteString() const
 {
-  Assert(valid(), "valid()", "AuxillaryHdr", "ByteString AuxillaryHdr::getByteString () const");
-  return bytes;
+  return record.bytes("ByteString AuxillaryHdr::getByteString () const");
 }
-
-boolean AuxillaryHdr::writeHeader(WriteStream& out) const { return WriteRecord(out, bytes); }

@@ -4,9 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "foundation/Assertion.h"
-#include "foundation/ByteString.h"
-#include "foundation/WriteStream.h"
+#include "headers/HeaderRecord.h"
 
 struct AUXILLARYHDR {
   std::uint16_t magicNumber;            // 0: 0x010B
@@ -46,12 +44,12 @@ class AuxillaryHdr {
   // A copy of all the bytes.
   ByteString getByteString() const;
   // Writes all the bytes, of an invalid record none; whether the stream reports no failure afterwards.
-  boolean writeHeader(WriteStream& out) const;
-  unsigned int getLength() const { return bytes.length(); }
-  boolean valid() const { return !bytes.empty(); }
+  boolean writeHeader(WriteStream& out) const { return record.write(out); }
+  unsigned int getLength() const { return record.length(); }
+  boolean valid() const { return record.valid(); }
 
  private:
-  AUXILLARYHDR& header(const AssertingFunction& function);
+  AUXILLARYHDR& fields(const AssertingFunction& function);
 
-  ByteString bytes;  // none when the record is invalid
+  HeaderRecord record;
 };

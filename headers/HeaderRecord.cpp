@@ -4,27 +4,30 @@
 
 #include "foundation/StandardStreams.h"
 
-ByteString ZeroBytes(unsigned int length, unsigned int layoutSize)
+HeaderRecord::HeaderRecord(const char* sourceName, unsigned int length, unsigned int layoutSize)
+    : source(sourceName), content(length >= layoutSize ? length : 0, 0x00)
+{}
+
+HeaderRecord::HeaderRecord(const char* sourceName, const ByteString& b, unsigned int needed)
+    : source(sourceName), content(b, b.length() >= needed ? b.length() : 0)
+{}
+
+ByteString& HeaderRecord::bytes(const AssertingFunction& function)
 {
-  return length >= layoutSize ? ByteString(length, 0x00) : ByteString();
+  Assert(valid(), "valid()", source, function);
+  return content;
 }
 
-ByteString AtLeast(const ByteString& bytes, unsigned int needed)
+const ByteString& HeaderRecord::bytes(const AssertingFunction& function) const
 {
-  return bytes.length() >= needed ? bytes : ByteString();
+  Assert(valid(), "valid()", source, function);
+  return content;
 }
 
-boolean WriteRecord(WriteStream& out, const ByteString& bytes)
+boolean HeaderRecord::write(WriteStream& out) const
 {
-  out.putByteString(bytes);
+  out.putByteString(content);
   return !out.failure();
-}
-
-std::optional<boolean> FlagOf(const String& value, const char* textOfTrue, const char* textOfFalse)
-{
-  if (value == textOfTrue) return true;
-  if (value == textOfFalse) return false;
-  return std::nullopt;
 }
 
 std::optional<unsigned char> CodeOf(std::span<const CodedValue> values, const String& value)

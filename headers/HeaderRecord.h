@@ -9,17 +9,32 @@
 #include <optional>
 #include <span>
 
+#include "foundation/Assertion.h"
 #include "foundation/ByteString.h"
 #include "foundation/WriteStream.h"
 #include "headers/EbcdicCharacter.h"
 
-// `length` zero bytes, or none when the layout needs more.
-ByteString ZeroBytes(unsigned int length, unsigned int layoutSize);
-// All of `bytes`, or none when there are fewer than the record needs.
-ByteString AtLeast(const ByteString& bytes, unsigned int needed);
+// The bytes of one record.
+class HeaderRecord {
+ public:
+  // `length` zero bytes; valid when the layout needs no more. Assertions give the source's name, which must outlive the
+  // record.
+  HeaderRecord(const char* sourceName, unsigned int length, unsigned int layoutSize);
+  // All of the bytes; valid when there are at least `needed`.
+  HeaderRecord(const char* sourceName, const ByteString& b, unsigned int needed);
 
-// Writes all the bytes; whether the stream reports no failure afterwards.
-boolean WriteRecord(WriteStream& out, const ByteString& bytes);
+  boolean valid() const { return !content.empty(); }
+  unsigned int length() const { return content.length(); }
+  // All the bytes; asserts valid() on behalf of the function.
+  ByteString& bytes(const AssertingFunction& function);
+  const ByteString& bytes(const AssertingFunction& function) const;
+  // Writes all the bytes, of an invalid record none; whether the stream reports no failure afterwards.
+  boolean write(WriteStream& out) const;
+
+ private:
+  const char* source;
+  ByteString content;  // none when the record is invalid
+};
 
 // The bytes as a layout structure, which they must be long enough for.
 template <class Layout>
@@ -43,7 +58,7 @@ void StoreText(unsigned char (&field)[width], const String& text)
   std::memcpy(field, encoded.getBytePointer(), width);
 }
 
-// The text's own EBCDIC bytes, at most the field's width of them, at the field's beginning; the rest of the field
+// Stores the text's own EBCDIC bytes at the field's beginning, at most the field's width of them. The rest of the field
 // stays.
 template <std::size_t width>
 void StoreTextUnpadded(unsigned char (&field)[width], const String& text)
@@ -62,14 +77,13 @@ inline void ToFileOrder(std::int32_t& number)
 template <class... Number>
 requires(sizeof...(Number) > 1) void ToFileOrder(Number&... numbers) { (ToFileOrder(numbers), ...); }
 
-// A flag's value: true for the one text, false for the other, nothing for any other; compared whole.
-std::optional<boolean> FlagOf(const String& value, const char* textOfTrue, const char* textOfFalse);
-
 // A row of a field's value set.
 struct CodedValue {
   const char* value;
   unsigned char code;
 };
+
+inline constexpr CodedValue yesNo[] = {{"Y", 1}, {"N", 0}};
 
 // The code of the row that equals the value, whole and case-sensitively; nothing when none does.
 std::optional<unsigned char> CodeOf(std::span<const CodedValue> values, const String& value);

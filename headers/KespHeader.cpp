@@ -3,27 +3,17 @@
 #include <algorithm>
 
 #include "foundation/Allocate.h"
-#include "foundation/Assertion.h"
 #include "foundation/ByteOrder.h"
-#include "headers/HeaderRecord.h"
 
 namespace {
 
+constexpr char source[] = "KespHeader";
 constexpr unsigned int fixedSize = sizeof(KESPHDR);
 constexpr int shortVersion = 2;
 
 KESPHDR& CastToStructKESPHDR(ByteString& bytes) { return ViewAs<KESPHDR>(bytes); }
 
 const KESPHDR& CastToConstStructKESPHDR(const ByteString& bytes) { return ViewAs<KESPHDR>(bytes); }
-
-template <class Field>
-unsigned int EndOf(Field KESPHDR::*member)
-{
-  static constexpr KESPHDR layout = {};
-  const auto* begin = reinterpret_cast<const unsigned char*>(&layout);
-  const auto* end = reinterpret_cast<const unsigned char*>(&(layout.*member) + 1);
-  return static_cast<unsigned int>(end - begin);
-}
 
 // Digit fields are held with the first digit of a byte in the low nibble on a little-endian host.
 template <std::size_t width>
@@ -32,9 +22,10 @@ void SwapDigits(unsigned char (&digits)[width])
   htonb(reinterpret_cast<char*>(digits), width);
 }
 
-// Stores one digit for each character of the text, which holds them all.
+// Stores one digit for each of the text's first 12 characters; a shorter text changes nothing.
 void StoreDigits(unsigned char (&digits)[6], const char* text)
 {
+  if (memchr(text, '\0', 2 * sizeof digits) != nullptr) return;
   for (unsigned char& byte : digits) {
     const int high = *text++ & 0x0F;
     const int low = *text++ & 0x0F;
@@ -43,94 +34,75 @@ void StoreDigits(unsigned char (&digits)[6], const char* text)
   SwapDigits(digits);
 }
 
-boolean HasTwelveCharacters(const char* text) { return memchr(text, '\0', 12) == nullptr; }
-
 }  // namespace
 
-KespHeader::KespHeader(unsigned int size) : header(ZeroBytes(size, fixedSize)), isValid(!header.empty())
+KespHeader::KespHeader(unsigned int size) : record(source, size, fixedSize), held(record.length())
 {
   if (!valid()) return;
   version = 3;
-  KESPHDR& record = CastToStructKESPHDR(header);
-  record.magicNumber = lidMagicNumber;
-  record.version = 3;
-  record.flags1 = 0x01;
-  record.flags2 = 0x40;
+  KESPHDR& lid = fields("KespHeader::KespHeader (unsigned int)");
+  lid.magicNumber = lidMagicNumber;
+  lid.version = 3;
+  lid.flags1 = 0x01;
+  lid.flags2 = 0x40;
   ByteString phylum = ByteString::FromHexString("F0000000", true);
   setPhylumData(phylum);
 }
 
 KespHeader::KespHeader(const ByteString& bytes)
-    : header(AtLeast(ByteString(bytes, fixedSize), fixedSize)), isValid(!header.empty())
+    : record(source, ByteString(bytes, fixedSize), fixedSize), held(record.length())
 {
   if (!valid()) return;
-  Endian();
+  KESPHDR& lid = fields("KespHeader::KespHeader (const ByteString &)");
+  version = ntohs(lid.version);
   if (version == shortVersion) {
-    // Cut in file order, so that a number that the cut divides keeps its file bytes.
-    const unsigned int length = getLength();
-    Endian();
-    header.remove(length, fixedSize);
-    Endian();
-  } else {
-    phylumData = bytes(fixedSize, CastToStructKESPHDR(header).phylumLength);
+    // Cut in file order, in which the bytes that remain of a divided number are its first.
+    held = MIN(fixedSize, ntohl(lid.headerLength));
+    memset(reinterpret_cast<unsigned char*>(&lid) + held, 0, fixedSize - held);
   }
+  Endian();
+  if (version != shortVersion) phylumData = bytes(fixedSize, lid.phylumLength);
 }
 
-// The header's bytes that belong to fields: version 2 has none from the update time on.
-unsigned int KespHeader::fieldBytes() const
-{
-  return version == shortVersion ? MIN(header.length(), offsetof(KESPHDR, lidUpdateTime)) : header.length();
-}
+KESPHDR& KespHeader::fields(const AssertingFunction& function) { return CastToStructKESPHDR(record.bytes(function)); }
 
-// Null when the header does not hold the whole field.
-template <class Field>
-Field* KespHeader::field(Field KESPHDR::*member, const AssertingFunction& function)
+const KESPHDR& KespHeader::fields(const AssertingFunction& function) const
 {
-  Assert(valid(), "valid()", "KespHeader", function);
-  return EndOf(member) <= fieldBytes() ? &(CastToStructKESPHDR(header).*member) : nullptr;
-}
-
-template <class Field>
-const Field* KespHeader::field(Field KESPHDR::*member, const AssertingFunction& function) const
-{
-  Assert(valid(), "valid()", "KespHeader", function);
-  return EndOf(member) <= fieldBytes() ? &(CastToConstStructKESPHDR(header).*member) : nullptr;
+  return CastToConstStructKESPHDR(record.bytes(function));
 }
 
 unsigned short KespHeader::getMagicNumber() const
 {
-  const auto* number = field(&KESPHDR::magicNumber, "short unsigned int KespHeader::getMagicNumber () const");
-  return number != nullptr ? *number : 0;
+  const KESPHDR& lid = fields("short unsigned int KespHeader::getMagicNumber () const");
+  return held >= offsetof(KESPHDR, version) ? lid.magicNumber : 0;
 }
 
 unsigned int KespHeader::getLength() const
 {
-  const auto* length = field(&KESPHDR::headerLength, "unsigned int KespHeader::getLength () const");
-  return length != nullptr ? *length : 0;
+  const KESPHDR& lid = fields("unsigned int KespHeader::getLength () const");
+  return held >= offsetof(KESPHDR, mtdNumber) ? lid.headerLength : 0;
 }
 
 boolean KespHeader::holdsLidDateTime() const
 {
-  return field(&KESPHDR::lidDateTime, "boolean KespHeader::holdsLidDateTime () const") != nullptr;
+  fields("boolean KespHeader::holdsLidDateTime () const");
+  return held >= offsetof(KESPHDR, lidClass);
 }
 
-tm* KespHeader::getLidDateTime()
-{
-  return brokenDown(field(&KESPHDR::lidDateTime, "tm *KespHeader::getLidDateTime ()"));
-}
+tm* KespHeader::getLidDateTime() { return brokenDown(fields("tm *KespHeader::getLidDateTime ()").lidDateTime); }
 
 tm* KespHeader::getLidUpdateTime()
 {
-  return brokenDown(field(&KESPHDR::lidUpdateTime, "tm *KespHeader::getLidUpdateTime ()"));
+  static constexpr KESPHDR zeros = {};
+  const KESPHDR& lid = fields("tm *KespHeader::getLidUpdateTime ()");
+  return brokenDown((version == shortVersion ? zeros : lid).lidUpdateTime);
 }
 
-tm* KespHeader::brokenDown(const unsigned char (*digits)[6])
+tm* KespHeader::brokenDown(const unsigned char (&digits)[6])
 {
-  unsigned char file[6] = {};
-  if (digits != nullptr) {
-    memcpy(file, *digits, sizeof file);
-    SwapDigits(file);
-  }
+  unsigned char file[6];
+  memcpy(file, digits, sizeof file);
+  SwapDigits(file);
   const auto number = [&](int byte) { return (file[byte] >> 4) * 10 + (file[byte] & 0x0F); };
   time.tm_sec = 0;
   time.tm_min = number(5);
@@ -143,102 +115,75 @@ tm* KespHeader::brokenDown(const unsigned char (*digits)[6])
 
 void KespHeader::setLidDateTime(char* text)
 {
-  auto* digits = field(&KESPHDR::lidDateTime, "void KespHeader::setLidDateTime (char *)");
-  if (digits != nullptr && HasTwelveCharacters(text)) StoreDigits(*digits, text);
+  StoreDigits(fields("void KespHeader::setLidDateTime (char *)").lidDateTime, text);
 }
 
 void KespHeader::setLidUpdateTime(char* text)
 {
-  auto* digits = field(&KESPHDR::lidUpdateTime, "void KespHeader::setLidUpdateTime (char *)");
-  if (digits != nullptr && HasTwelveCharacters(text)) StoreDigits(*digits, text);
+  KESPHDR& lid = fields("void KespHeader::setLidUpdateTime (char *)");
+  if (version != shortVersion) StoreDigits(lid.lidUpdateTime, text);
 }
 
 void KespHeader::setLidNumber(String& hex)
 {
-  auto* number = field(&KESPHDR::lidNumber, "void KespHeader::setLidNumber (String &)");
+  KESPHDR& lid = fields("void KespHeader::setLidNumber (String &)");
   const ByteString digits = ByteString::FromHexString(hex, false);
-  if (number == nullptr || digits.length() < sizeof *number || hex.length() < 2 * sizeof *number) return;
-  memcpy(*number, digits.getBytePointer(), sizeof *number);
-  SwapDigits(*number);
+  if (digits.length() < sizeof lid.lidNumber || hex.length() < 2 * sizeof lid.lidNumber) return;
+  memcpy(lid.lidNumber, digits.getBytePointer(), sizeof lid.lidNumber);
+  SwapDigits(lid.lidNumber);
 }
 
 void KespHeader::setLidInfo(String text)
 {
-  auto* info = field(&KESPHDR::lidInfo, "void KespHeader::setLidInfo (String)");
-  if (info == nullptr) return;
-  memset(*info, 0, sizeof *info);
-  memcpy(*info, static_cast<const char*>(text), std::min<std::size_t>(text.length(), sizeof *info));
+  KESPHDR& lid = fields("void KespHeader::setLidInfo (String)");
+  memset(lid.lidInfo, 0, sizeof lid.lidInfo);
+  memcpy(lid.lidInfo, static_cast<const char*>(text), std::min<std::size_t>(text.length(), sizeof lid.lidInfo));
 }
 
 void KespHeader::setLidClass(int number)
 {
-  auto* lidClass = field(&KESPHDR::lidClass, "void KespHeader::setLidClass (int)");
-  if (lidClass != nullptr) *lidClass = static_cast<std::uint16_t>(number);
+  fields("void KespHeader::setLidClass (int)").lidClass = static_cast<std::uint16_t>(number);
 }
 
-void KespHeader::setCRCNumber(unsigned int crc)
-{
-  auto* stored = field(&KESPHDR::crc, "void KespHeader::setCRCNumber (unsigned int)");
-  if (stored != nullptr) *stored = crc;
-}
+void KespHeader::setCRCNumber(unsigned int crc) { fields("void KespHeader::setCRCNumber (unsigned int)").crc = crc; }
 
 void KespHeader::setLidLength(unsigned int length)
 {
-  auto* stored = field(&KESPHDR::lidLength, "void KespHeader::setLidLength (unsigned int)");
-  if (stored != nullptr) *stored = length;
+  fields("void KespHeader::setLidLength (unsigned int)").lidLength = length;
 }
 
 void KespHeader::setMtdNumber(int number)
 {
-  auto* stored = field(&KESPHDR::mtdNumber, "void KespHeader::setMtdNumber (int)");
-  if (stored != nullptr) *stored = static_cast<unsigned char>(number);
+  fields("void KespHeader::setMtdNumber (int)").mtdNumber = static_cast<unsigned char>(number);
 }
 
 void KespHeader::setPhylumData(ByteString& data)
 {
-  const AssertingFunction function = "void KespHeader::setPhylumData (ByteString &)";
-  auto* dataLength = field(&KESPHDR::phylumLength, function);
-  auto* headerLength = field(&KESPHDR::headerLength, function);
+  KESPHDR& lid = fields("void KespHeader::setPhylumData (ByteString &)");
+  if (version == shortVersion) return;
   phylumData = data;
-  if (dataLength != nullptr) *dataLength = static_cast<std::uint16_t>(data.length());
-  if (headerLength != nullptr) *headerLength = fixedSize + data.length();
-}
-
-// Converts the field where the header holds it whole; digits are converted byte by byte.
-template <class Field>
-void KespHeader::convert(Field KESPHDR::*member)
-{
-  if (EndOf(member) <= fieldBytes()) ToFileOrder(CastToStructKESPHDR(header).*member);
+  lid.phylumLength = static_cast<std::uint16_t>(data.length());
+  lid.headerLength = fixedSize + data.length();
 }
 
 void KespHeader::Endian()
 {
-  Assert(valid(), "valid()", "KespHeader", "void KespHeader::Endian ()");
-  const auto convertDigits = [this](unsigned int begin, unsigned int end) {
-    end = MIN(end, fieldBytes());
-    if (begin < end) htonb(reinterpret_cast<char*>(header.getBytePointer() + begin), static_cast<int>(end - begin));
-  };
-  convert(&KESPHDR::magicNumber);
-  convert(&KESPHDR::version);
-  convertDigits(offsetof(KESPHDR, lidNumber), offsetof(KESPHDR, lidClass));
-  convert(&KESPHDR::lidClass);
-  convert(&KESPHDR::crc);
-  convert(&KESPHDR::lidLength);
-  convert(&KESPHDR::headerLength);
-  if (version == 0) version = CastToStructKESPHDR(header).version;
-  convertDigits(offsetof(KESPHDR, lidUpdateTime), offsetof(KESPHDR, phylumLength));
-  convert(&KESPHDR::phylumLength);
+  KESPHDR& lid = fields("void KespHeader::Endian ()");
+  ToFileOrder(lid.magicNumber, lid.version, lid.lidClass, lid.crc, lid.lidLength, lid.headerLength);
+  SwapDigits(lid.lidNumber);
+  SwapDigits(lid.lidDateTime);
+  if (version == shortVersion) return;
+  SwapDigits(lid.lidUpdateTime);
+  ToFileOrder(lid.phylumLength);
 }
 
 ByteString KespHeader::getByteString() const
 {
-  Assert(valid(), "valid()", "KespHeader", "ByteString KespHeader::getByteString () const");
-  return version == shortVersion ? header : header + phylumData;
+  return ByteString(record.bytes("ByteString KespHeader::getByteString () const"), held) + phylumData;
 }
 
 boolean KespHeader::writeHeader(WriteStream& out) const
 {
-  out.putByteString(header);
-  if (version != shortVersion) out.putByteString(phylumData);
+  if (valid()) out.putByteString(getByteString());
   return !out.failure();
 }

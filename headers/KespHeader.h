@@ -1,16 +1,14 @@
 // The LID header with which a load module may begin: 104 bytes, then the phylum data. In the file all numbers are
 // big-endian, and digits stand two to a byte with the first in the high nibble; the record holds them in host order
-// until Endian(). Format version 2 is a short form: its header-length field says how many of the 104 bytes there are;
-// it has neither update time nor phylum data.
+// until Endian(). Format version 2 is a short form: its header-length field says how many of the 104 bytes there are.
+// It has neither update time nor phylum data.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <ctime>
 
-#include "foundation/Assertion.h"
-#include "foundation/ByteString.h"
-#include "foundation/WriteStream.h"
+#include "headers/HeaderRecord.h"
 
 struct KESPHDR {
   std::uint16_t magicNumber;       // 0: 0x0222
@@ -25,7 +23,7 @@ struct KESPHDR {
   unsigned char flags1;            // 29
   unsigned char reserved;          // 30
   unsigned char flags2;            // 31
-  char lidInfo[64];                // 32: zeros behind a shorter text
+  char lidInfo[64];                // 32: zeros after a shorter text
   unsigned char lidUpdateTime[6];  // 96: as lidDateTime; not in version 2
   std::uint16_t phylumLength;      // 102: bytes of phylum data; not in version 2
 };
@@ -47,8 +45,9 @@ static_assert(offsetof(KESPHDR, lidUpdateTime) == 96);
 static_assert(offsetof(KESPHDR, phylumLength) == 102);
 static_assert(sizeof(KESPHDR) == 104);
 
-// Every operation but valid(), writeHeader() and destruction asserts valid(). A field that a version-2 header does
-// not hold whole reads as zeros and is not written.
+// Every operation but valid(), writeHeader() and destruction asserts valid(). The bytes that a version-2 header lacks
+// begin as zeros. A setter writes its whole field, getByteString() and writeHeader() give the bytes that the header
+// has.
 class KespHeader {
  public:
   static constexpr unsigned short lidMagicNumber = 0x0222;
@@ -58,18 +57,21 @@ class KespHeader {
   // The header in front of a load module's bytes; valid when there are at least 104, whatever they hold.
   explicit KespHeader(const ByteString& bytes);
 
+  // 0 when the header has only a part of the field.
   unsigned short getMagicNumber() const;
-  // The header-length field.
+  // The header-length field; 0 when the header has only a part of it.
   unsigned int getLength() const;
   // Whether the header reaches past its date and time, which a short version-2 header may not.
   boolean holdsLidDateTime() const;
   // The date and time as local broken-down time, seconds 0, not normalised; it lies in the record, and each call
   // overwrites it.
   tm* getLidDateTime();
+  // In version 2, of zeros.
   tm* getLidUpdateTime();
 
   // 12 characters, YYYYMMDDhhmm; the low four bits of each become a digit. A shorter text changes nothing.
   void setLidDateTime(char* text);
+  // The same; in version 2, changes nothing.
   void setLidUpdateTime(char* text);
   // The first 8 hexadecimal digits; fewer, or a character that is none, change nothing.
   void setLidNumber(String& hex);
@@ -79,30 +81,25 @@ class KespHeader {
   void setCRCNumber(unsigned int crc);
   void setLidLength(unsigned int length);
   void setMtdNumber(int number);
-  // Sets the lengths too: of the data, in 16 bits, and of the header.
+  // Sets the lengths too: of the data, in 16 bits, and of the header. In version 2, changes nothing.
   void setPhylumData(ByteString& data);
 
   // File order to host order and back.
   void Endian();
-  // The header bytes, and unless the version is 2, the phylum data behind them.
+  // The header bytes, then the phylum data.
   ByteString getByteString() const;
   // Writes the same bytes, of an invalid record none; whether the stream reports no failure afterwards.
   boolean writeHeader(WriteStream& out) const;
-  boolean valid() const { return isValid; }
+  boolean valid() const { return record.valid(); }
 
  private:
-  unsigned int fieldBytes() const;
-  template <class Field>
-  Field* field(Field KESPHDR::*member, const AssertingFunction& function);
-  template <class Field>
-  const Field* field(Field KESPHDR::*member, const AssertingFunction& function) const;
-  template <class Field>
-  void convert(Field KESPHDR::*member);
-  tm* brokenDown(const unsigned char (*digits)[6]);
+  KESPHDR& fields(const AssertingFunction& function);
+  const KESPHDR& fields(const AssertingFunction& function) const;
+  tm* brokenDown(const unsigned char (&digits)[6]);
 
-  ByteString header;  // the fixed part, or what a version-2 header has of it
-  boolean isValid;
-  tm time = {};     // what getLidDateTime and getLidUpdateTime point to
-  int version = 0;  // 0 until known
+  HeaderRecord record;  // the whole fixed part, zeros after the cut of a version-2 header
+  unsigned int held;    // bytes of it that the header has
+  tm time = {};         // what getLidDateTime and getLidUpdateTime point to
+  int version = 0;      // as made; 0 when the record is invalid
   ByteString phylumData;
 };

@@ -1,13 +1,10 @@
 #include "headers/SSDHdrX.h"
 
-#include <arpa/inet.h>
-
-#include <span>
-
-#include "foundation/Assertion.h"
-#include "headers/HeaderRecord.h"
+#include "foundation/ReturnCode.h"
 
 namespace {
+
+constexpr char source[] = "SSDHdrX";
 
 RUSSD& CastToStructRUSSD(ByteString& bytes) { return ViewAs<RUSSD>(bytes); }
 
@@ -29,11 +26,9 @@ constexpr CodedValue models[] = {
 };
 static_assert(std::size(models) == 19);
 
-constexpr CodedValue yesNo[] = {{"Y", 1}, {"N", 0}};
-
 constexpr CodedValue typeOptions[] = {{"VORN", 1}, {"LID", 2}};
 
-// Stores the value's code and returns 0; reports a value without one and returns `refusal`.
+// Stores the value's code and returns success; reports a value without one and returns `refusal`.
 int StoreCode(unsigned char& field, std::span<const CodedValue> values, const String& value, const char* what,
               int refusal)
 {
@@ -43,96 +38,95 @@ int StoreCode(unsigned char& field, std::span<const CodedValue> values, const St
     return refusal;
   }
   field = *code;
-  return 0;
+  return success;
 }
 
 }  // namespace
 
-SystemSpecificDataHeaderX::SystemSpecificDataHeaderX(unsigned int length) : bytes(ZeroBytes(length, sizeof(RUSSD))) {}
+SystemSpecificDataHeaderX::SystemSpecificDataHeaderX(unsigned int length) : record(source, length, sizeof(RUSSD)) {}
 
-SystemSpecificDataHeaderX::SystemSpecificDataHeaderX(const ByteString& block) : bytes(AtLeast(block, sizeof(RUSSD))) {}
+SystemSpecificDataHeaderX::SystemSpecificDataHeaderX(const ByteString& block) : record(source, block, sizeof(RUSSD)) {}
 
-RUSSD& SystemSpecificDataHeaderX::header(const AssertingFunction& function)
+RUSSD& SystemSpecificDataHeaderX::fields(const AssertingFunction& function)
 {
-  Assert(valid(), "valid()", "SSDHdrX", function);
-  return CastToStructRUSSD(bytes);
+  return CastToStructRUSSD(record.bytes(function));
 }
 
 void SystemSpecificDataHeaderX::setReplaceableUnitName(const String& value)
 {
-  StoreTextUnpadded(header("void SystemSpecificDataHeaderX::setReplaceableUnitName (const String &)").ruName, value);
+  StoreTextUnpadded(fields("void SystemSpecificDataHeaderX::setReplaceableUnitName (const String &)").ruName, value);
 }
 
 void SystemSpecificDataHeaderX::setReplaceableUnitNameOffset(unsigned int offset)
 {
-  RUSSD& record = header("void SystemSpecificDataHeaderX::setReplaceableUnitNameOffset (unsigned int)");
-  record.longName.ruNameOffset = htonl(offset);
+  RUSSD& ssd = fields("void SystemSpecificDataHeaderX::setReplaceableUnitNameOffset (unsigned int)");
+  ssd.longName.ruNameOffset = htonl(offset);
 }
 
 int SystemSpecificDataHeaderX::setReplaceableUnitDestination()
 {
-  header("int SystemSpecificDataHeaderX::setReplaceableUnitDestination ()").ruDestination = 0;
-  return 0;
+  fields("int SystemSpecificDataHeaderX::setReplaceableUnitDestination ()").ruDestination = 0;
+  return success;
 }
 
 int SystemSpecificDataHeaderX::setReplaceableUnitDestination(const String& value)
 {
-  RUSSD& record = header("int SystemSpecificDataHeaderX::setReplaceableUnitDestination (const String &)");
-  return StoreCode(record.ruDestination, destinations, value, "RU Destination value in the RUVPD source file is ", 39);
+  RUSSD& ssd = fields("int SystemSpecificDataHeaderX::setReplaceableUnitDestination (const String &)");
+  return StoreCode(ssd.ruDestination, destinations, value, "RU Destination value in the RUVPD source file is ",
+                   badRuDestination);
 }
 
 int SystemSpecificDataHeaderX::setNucleusSequenceControl(const String& value)
 {
-  RUSSD& record = header("int SystemSpecificDataHeaderX::setNucleusSequenceControl (const String &)");
+  RUSSD& ssd = fields("int SystemSpecificDataHeaderX::setNucleusSequenceControl (const String &)");
   const ByteString control = ByteString::FromHexString(value, true);
-  if (control.length() < sizeof record.nucleusSequenceControl) {
+  if (control.length() < sizeof ssd.nucleusSequenceControl) {
     ReportValue("Nucleus Sequence Control value in the RUVPD source file is ", value);
-    return 38;
+    return badNucleusSequenceControl;
   }
-  std::memcpy(record.nucleusSequenceControl, control.getBytePointer(), sizeof record.nucleusSequenceControl);
-  return 0;
+  std::memcpy(ssd.nucleusSequenceControl, control.getBytePointer(), sizeof ssd.nucleusSequenceControl);
+  return success;
 }
 
 int SystemSpecificDataHeaderX::setLinkLoaderBypass(const String& value)
 {
-  RUSSD& record = header("int SystemSpecificDataHeaderX::setLinkLoaderBypass (const String &)");
-  return StoreCode(record.linkLoaderBypass, yesNo, value, "Link/loader Bypass value in the RUVPD source file is ", 41);
+  RUSSD& ssd = fields("int SystemSpecificDataHeaderX::setLinkLoaderBypass (const String &)");
+  return StoreCode(ssd.linkLoaderBypass, yesNo, value, "Link/loader Bypass value in the RUVPD source file is ",
+                   badLinkLoaderBypass);
 }
 
 int SystemSpecificDataHeaderX::setDeleteReplaceableUnit(const String& value)
 {
-  RUSSD& record = header("int SystemSpecificDataHeaderX::setDeleteReplaceableUnit (const String &)");
-  return StoreCode(record.deleteRu, yesNo, value, "Delete RU value in the RUVPD source file is ", 42);
+  RUSSD& ssd = fields("int SystemSpecificDataHeaderX::setDeleteReplaceableUnit (const String &)");
+  return StoreCode(ssd.deleteRu, yesNo, value, "Delete RU value in the RUVPD source file is ", badDeleteRu);
 }
 
 int SystemSpecificDataHeaderX::setAllowBreakpoints(const String& value)
 {
-  RUSSD& record = header("int SystemSpecificDataHeaderX::setAllowBreakpoints (const String &)");
-  return StoreCode(record.allowBreakpoints, yesNo, value, "Allow Breakpoints value in the RUVPD source file is ", 37);
+  RUSSD& ssd = fields("int SystemSpecificDataHeaderX::setAllowBreakpoints (const String &)");
+  return StoreCode(ssd.allowBreakpoints, yesNo, value, "Allow Breakpoints value in the RUVPD source file is ",
+                   badAllowBreakpoints);
 }
 
 int SystemSpecificDataHeaderX::setOnlineLLFlag(const String& value)
 {
-  RUSSD& record = header("int SystemSpecificDataHeaderX::setOnlineLLFlag (const String &)");
-  return StoreCode(record.onlineLLFlag, yesNo, value, "Online Link/Loadable Flag is ", 47);
+  RUSSD& ssd = fields("int SystemSpecificDataHeaderX::setOnlineLLFlag (const String &)");
+  return StoreCode(ssd.onlineLLFlag, yesNo, value, "Online Link/Loadable Flag is ", badOnlineLLFlag);
 }
 
 int SystemSpecificDataHeaderX::setSSDModel(const String& value)
 {
-  RUSSD& record = header("int SystemSpecificDataHeaderX::setSSDModel (const String &)");
-  return StoreCode(record.ssdModel, models, value, "SSD Model value in the RUVPD source file is ", 36);
+  RUSSD& ssd = fields("int SystemSpecificDataHeaderX::setSSDModel (const String &)");
+  return StoreCode(ssd.ssdModel, models, value, "SSD Model value in the RUVPD source file is ", badSsdModel);
 }
 
 void SystemSpecificDataHeaderX::setReplaceableUnitTypeOption(const String& value)
 {
-  RUSSD& record = header("void SystemSpecificDataHeaderX::setReplaceableUnitTypeOption (const String &)");
-  if (const auto code = CodeOf(typeOptions, value)) record.ruTypeOption = *code;
+  RUSSD& ssd = fields("void SystemSpecificDataHeaderX::setReplaceableUnitTypeOption (const String &)");
+  if (const auto code = CodeOf(typeOptions, value)) ssd.ruTypeOption = *code;
 }
 
 ByteString SystemSpecificDataHeaderX::getByteString() const
 {
-  Assert(valid(), "valid()", "SSDHdrX", "ByteString SystemSpecificDataHeaderX::getByteString () const");
-  return bytes;
+  return record.bytes("ByteString SystemSpecificDataHeaderX::getByteString () const");
 }
-
-boolean SystemSpecificDataHeaderX::writeHeader(WriteStream& out) const { return WriteRecord(out, bytes); }

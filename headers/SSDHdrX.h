@@ -5,9 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "foundation/Assertion.h"
-#include "foundation/ByteString.h"
-#include "foundation/WriteStream.h"
+#include "headers/HeaderRecord.h"
 
 // The place of a name that is longer than its field.
 struct LONGRUNAME {
@@ -20,7 +18,7 @@ struct RUSSD {
   unsigned char nucleusSequenceControl[4];  // 24: 8 hexadecimal digits
   unsigned char reserved2[4];               // 28
   union {
-    unsigned char ruName[8];  // 32: at most 8 characters, zeros behind them
+    unsigned char ruName[8];  // 32: at most 8 characters, zeros after them
     LONGRUNAME longName;
   };
   unsigned char linkLoaderBypass;  // 40: 1 "Y", 0 "N"
@@ -80,15 +78,15 @@ class SystemSpecificDataHeaderX {
   void setReplaceableUnitTypeOption(const String& value);
 
   // The bytes held.
-  unsigned int getLength() const { return bytes.length(); }
+  unsigned int getLength() const { return record.length(); }
   // A copy of all the bytes.
   ByteString getByteString() const;
   // Writes all the bytes, of an invalid record none; whether the stream reports no failure afterwards.
-  boolean writeHeader(WriteStream& out) const;
-  boolean valid() const { return !bytes.empty(); }
+  boolean writeHeader(WriteStream& out) const { return record.write(out); }
+  boolean valid() const { return record.valid(); }
 
  private:
-  RUSSD& header(const AssertingFunction& function);
+  RUSSD& fields(const AssertingFunction& function);
 
-  ByteString bytes;  // none when the record is invalid
+  HeaderRecord record;
 };

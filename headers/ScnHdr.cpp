@@ -1,9 +1,8 @@
 #include "headers/ScnHdr.h"
 
-#include "foundation/Assertion.h"
-#include "headers/HeaderRecord.h"
-
 namespace {
+
+constexpr char source[] = "ScnHdr";
 
 constexpr unsigned int shortestForm = 16;
 
@@ -19,45 +18,35 @@ ByteString FilledUp(ByteString bytes)
 
 }  // namespace
 
-ScnHdr::ScnHdr(unsigned int length) : bytes(ZeroBytes(length, sizeof(SCNHDR))) {}
+ScnHdr::ScnHdr(unsigned int length) : record(source, length, sizeof(SCNHDR)) {}
 
-ScnHdr::ScnHdr(const ByteString& b) : bytes(AtLeast(FilledUp(b), sizeof(SCNHDR))) {}
+ScnHdr::ScnHdr(const ByteString& b) : record(source, FilledUp(b), sizeof(SCNHDR)) {}
 
-SCNHDR& ScnHdr::header(const AssertingFunction& function)
-{
-  Assert(valid(), "valid()", "ScnHdr", function);
-  return CastToStructSCNHDR(bytes);
-}
+SCNHDR& ScnHdr::fields(const AssertingFunction& function) { return CastToStructSCNHDR(record.bytes(function)); }
 
 void ScnHdr::setSectionName(String& name)
 {
-  StoreTextUnpadded(header("void ScnHdr::setSectionName (String &)").name, name);
+  StoreTextUnpadded(fields("void ScnHdr::setSectionName (String &)").name, name);
 }
 
 void ScnHdr::setNumberOfRawDataBytes(long number)
 {
-  header("void ScnHdr::setNumberOfRawDataBytes (long int)").numberOfRawDataBytes = Low32(number);
+  fields("void ScnHdr::setNumberOfRawDataBytes (long int)").numberOfRawDataBytes = Low32(number);
 }
 
 void ScnHdr::setOffsetToRawData(long offset)
 {
-  header("void ScnHdr::setOffsetToRawData (long int)").offsetToRawData = Low32(offset);
+  fields("void ScnHdr::setOffsetToRawData (long int)").offsetToRawData = Low32(offset);
 }
 
-void ScnHdr::setSectionFlagAsData() { header("void ScnHdr::setSectionFlagAsData ()").flags = 0x20; }
+void ScnHdr::setSectionFlagAsData() { fields("void ScnHdr::setSectionFlagAsData ()").flags = 0x20; }
 
 void ScnHdr::Endian()
 {
-  SCNHDR& record = header("void ScnHdr::Endian ()");
-  ToFileOrder(record.physicalAddress, record.virtualAddress, record.numberOfRawDataBytes, record.offsetToRawData,
-              record.relocationOffset, record.lineNumberOffset, record.numberOfRelocations, record.numberOfLineNumbers,
-              record.flags);
+  SCNHDR& section = fields("void ScnHdr::Endian ()");
+  ToFileOrder(section.physicalAddress, section.virtualAddress, section.numberOfRawDataBytes, section.offsetToRawData,
+              section.relocationOffset, section.lineNumberOffset, section.numberOfRelocations,
+              section.numberOfLineNumbers, section.flags);
 }
 
-ByteString ScnHdr::getByteString() const
-{
-  Assert(valid(), "valid()", "ScnHdr", "ByteString ScnHdr::getByteString () const");
-  return bytes;
-}
-
-boolean ScnHdr::writeHeader(WriteStream& out) const { return WriteRecord(out, bytes); }
+ByteString ScnHdr::getByteString() const { return record.bytes("ByteString ScnHdr::getByteString () const"); }

@@ -4,12 +4,10 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "foundation/Assertion.h"
-#include "foundation/ByteString.h"
-#include "foundation/WriteStream.h"
+#include "headers/HeaderRecord.h"
 
 struct SCNHDR {
-  unsigned char name[8];              // 0: EBCDIC, zeros behind a shorter name
+  unsigned char name[8];              // 0: EBCDIC, zeros after a shorter name
   std::uint32_t physicalAddress;      // 8
   std::uint32_t virtualAddress;       // 12
   std::int32_t numberOfRawDataBytes;  // 16
@@ -41,7 +39,7 @@ class ScnHdr {
   // All of the bytes; valid when there are at least 16, filled up with zero bytes to 40.
   explicit ScnHdr(const ByteString& b);
 
-  // At most 8 characters, in EBCDIC; what the field holds behind them stays.
+  // At most 8 characters, in EBCDIC; what the field holds after them stays.
   void setSectionName(String& name);
   void setNumberOfRawDataBytes(long number);
   // Bytes from the beginning of the file, 32 bits.
@@ -53,12 +51,12 @@ class ScnHdr {
   // A copy of all the bytes.
   ByteString getByteString() const;
   // Writes all the bytes, of an invalid record none; whether the stream reports no failure afterwards.
-  boolean writeHeader(WriteStream& out) const;
-  unsigned int getLength() const { return bytes.length(); }
-  boolean valid() const { return !bytes.empty(); }
+  boolean writeHeader(WriteStream& out) const { return record.write(out); }
+  unsigned int getLength() const { return record.length(); }
+  boolean valid() const { return record.valid(); }
 
  private:
-  SCNHDR& header(const AssertingFunction& function);
+  SCNHDR& fields(const AssertingFunction& function);
 
-  ByteString bytes;  // none when the record is invalid
+  HeaderRecord record;
 };

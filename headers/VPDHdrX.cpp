@@ -1,258 +1,226 @@
 #include "headers/VPDHdrX.h"
 
-#include <arpa/inet.h>
-
-#include <bit>
-#include <numeric>
-#include <span>
-
-#include "foundation/Assertion.h"
 #include "foundation/ByteOrder.h"
-#include "headers/HeaderRecord.h"
+#include "foundation/ReturnCode.h"
 
 namespace {
+
+constexpr char source[] = "VPDHdrX";
 
 VPDHDR& CastToStructVPDHDR(ByteString& bytes) { return ViewAs<VPDHDR>(bytes); }
 
 const VPDHDR& CastToConstStructVPDHDR(const ByteString& bytes) { return ViewAs<VPDHDR>(bytes); }
 
-// Widths in bits of the flags, in their order.
-constexpr unsigned int flags1Widths[] = {1, 1, 1, 1, 1, 1, 2, 3, 5, 10, 1, 1, 4};
-constexpr unsigned int flags2Widths[] = {1, 3, 4, 1, 1, 6};
-static_assert(std::accumulate(std::begin(flags1Widths), std::end(flags1Widths), 0U) == 32);
-static_assert(std::accumulate(std::begin(flags2Widths), std::end(flags2Widths), 0U) == 16);
-
 constexpr CodedValue bodyTypes[] = {{"VPDINFO", 3}, {"PFGINFO", 2}, {"SFGINFO", 1}, {"CODE", 0}};
+constexpr CodedValue softwareTypes[] = {{"MCG", 1}, {"LPP", 0}};
+constexpr CodedValue noYes[] = {{"N", 1}, {"Y", 0}};
 
-// The fields of a word packed from the least significant bit upward, packed from the most significant bit downward.
-// Each field keeps its value; the widths add up to the word's.
+// Stores the value's code in the field and returns true; a value without one changes nothing.
 template <class Word>
-Word PackedFromTheTop(Word packedFromTheBottom, std::span<const unsigned int> widths)
+boolean StoreFlag(Word& word, const FlagField& field, std::span<const CodedValue> values, const String& value)
 {
-  std::uint32_t rest = packedFromTheBottom;
-  std::uint32_t packed = 0;
-  for (const unsigned int width : widths) {
-    packed = packed << width | (rest & ((1U << width) - 1));
-    rest >>= width;
-  }
-  return static_cast<Word>(packed);
+  const auto code = CodeOf(values, value);
+  if (code) SetFlagField(word, field, *code);
+  return code.has_value();
 }
 
 }  // namespace
 
-VitalProductDataHeaderX::VitalProductDataHeaderX(unsigned int length) : bytes(ZeroBytes(length, sizeof(VPDHDR))) {}
+VitalProductDataHeaderX::VitalProductDataHeaderX(unsigned int length) : record(source, length, sizeof(VPDHDR)) {}
 
-VitalProductDataHeaderX::VitalProductDataHeaderX(const ByteString& block) : bytes(AtLeast(block, sizeof(VPDHDR))) {}
+VitalProductDataHeaderX::VitalProductDataHeaderX(const ByteString& block) : record(source, block, sizeof(VPDHDR)) {}
 
-VPDHDR& VitalProductDataHeaderX::header(const AssertingFunction& function)
+VPDHDR& VitalProductDataHeaderX::fields(const AssertingFunction& function)
 {
-  Assert(valid(), "valid()", "VPDHdrX", function);
-  return CastToStructVPDHDR(bytes);
+  return CastToStructVPDHDR(record.bytes(function));
 }
 
-const VPDHDR& VitalProductDataHeaderX::header(const AssertingFunction& function) const
+const VPDHDR& VitalProductDataHeaderX::fields(const AssertingFunction& function) const
 {
-  Assert(valid(), "valid()", "VPDHdrX", function);
-  return CastToConstStructVPDHDR(bytes);
+  return CastToConstStructVPDHDR(record.bytes(function));
 }
 
 void VitalProductDataHeaderX::setVPDRULength(unsigned int length)
 {
-  header("void VitalProductDataHeaderX::setVPDRULength (unsigned int)").ruLength = length;
+  fields("void VitalProductDataHeaderX::setVPDRULength (unsigned int)").ruLength = length;
 }
 
 size_t VitalProductDataHeaderX::getVPDRULength() const
 {
-  return header("size_t VitalProductDataHeaderX::getVPDRULength () const").ruLength;
+  return fields("size_t VitalProductDataHeaderX::getVPDRULength () const").ruLength;
 }
 
 void VitalProductDataHeaderX::setReplaceableUnitName(const String& value)
 {
-  VPDHDR& record = header("void VitalProductDataHeaderX::setReplaceableUnitName (const String &)");
-  StoreText(record.ruName, String(value).toUpper());
+  VPDHDR& vpd = fields("void VitalProductDataHeaderX::setReplaceableUnitName (const String &)");
+  StoreText(vpd.ruName, String(value).toUpper());
 }
 
 String VitalProductDataHeaderX::getReplaceableUnitName() const
 {
-  const VPDHDR& record = header("String VitalProductDataHeaderX::getReplaceableUnitName () const");
-  return EbcdicCharacter(ByteString(record.ruName, sizeof record.ruName)).toString();
+  const VPDHDR& vpd = fields("String VitalProductDataHeaderX::getReplaceableUnitName () const");
+  return EbcdicCharacter(ByteString(vpd.ruName, sizeof vpd.ruName)).toString();
 }
 
 void VitalProductDataHeaderX::setReplaceableUnitLoadId(const String& value)
 {
-  VPDHDR& record = header("void VitalProductDataHeaderX::setReplaceableUnitLoadId (const String &)");
-  ByteString loadId = ByteString::FromHexString(value, true)(0, sizeof record.ruLoadId);
-  if (loadId.length() < sizeof record.ruLoadId) {
+  VPDHDR& vpd = fields("void VitalProductDataHeaderX::setReplaceableUnitLoadId (const String &)");
+  ByteString loadId = ByteString::FromHexString(value, true)(0, sizeof vpd.ruLoadId);
+  if (loadId.length() < sizeof vpd.ruLoadId) {
     ReportValue("RU Load ID value in the RUVPD source file is ", value);
     return;
   }
-  std::memcpy(record.ruLoadId, loadId.getBytePointer(), sizeof record.ruLoadId);
-  ntohb(reinterpret_cast<char*>(record.ruLoadId), sizeof record.ruLoadId);
-  if (!loadId.equal(ByteString(sizeof record.ruLoadId, 0x00))) record.flags1.loadIdPresent = true;
+  std::memcpy(vpd.ruLoadId, loadId.getBytePointer(), sizeof vpd.ruLoadId);
+  ntohb(reinterpret_cast<char*>(vpd.ruLoadId), sizeof vpd.ruLoadId);
+  if (!loadId.equal(ByteString(sizeof vpd.ruLoadId, 0x00))) SetFlagField(vpd.flags1, VPDFLAGS1::loadIdPresent, 1);
 }
 
 void VitalProductDataHeaderX::setReplaceableUnitChangeLid(const String& value)
 {
-  VPDHDR& record = header("void VitalProductDataHeaderX::setReplaceableUnitChangeLid (const String &)");
-  if (const auto flag = FlagOf(value, "Y", "N")) record.flags1.changeLid = *flag;
+  StoreFlag(fields("void VitalProductDataHeaderX::setReplaceableUnitChangeLid (const String &)").flags1,
+            VPDFLAGS1::changeLid, yesNo, value);
 }
 
 void VitalProductDataHeaderX::setReplaceableUnitFlashLoad(const String& value)
 {
-  VPDHDR& record = header("void VitalProductDataHeaderX::setReplaceableUnitFlashLoad (const String &)");
-  if (const auto flag = FlagOf(value, "Y", "N")) record.flags1.flashLoad = *flag;
+  StoreFlag(fields("void VitalProductDataHeaderX::setReplaceableUnitFlashLoad (const String &)").flags1,
+            VPDFLAGS1::flashLoad, yesNo, value);
 }
 
 void VitalProductDataHeaderX::setReplaceableUnitSelfLoad(const String& value)
 {
-  VPDHDR& record = header("void VitalProductDataHeaderX::setReplaceableUnitSelfLoad (const String &)");
-  if (const auto flag = FlagOf(value, "Y", "N")) record.flags1.selfLoad = *flag;
+  StoreFlag(fields("void VitalProductDataHeaderX::setReplaceableUnitSelfLoad (const String &)").flags1,
+            VPDFLAGS1::selfLoad, yesNo, value);
 }
 
 void VitalProductDataHeaderX::setReplaceableUnitBaseLoad(const String& value)
 {
-  VPDHDR& record = header("void VitalProductDataHeaderX::setReplaceableUnitBaseLoad (const String &)");
-  if (const auto flag = FlagOf(value, "Y", "N")) record.flags1.baseLoad = *flag;
+  StoreFlag(fields("void VitalProductDataHeaderX::setReplaceableUnitBaseLoad (const String &)").flags1,
+            VPDFLAGS1::baseLoad, yesNo, value);
 }
 
 void VitalProductDataHeaderX::setHardwareDependency(const String& value)
 {
-  VPDHDR& record = header("void VitalProductDataHeaderX::setHardwareDependency (const String &)");
-  if (const auto flag = FlagOf(value, "Y", "N")) record.flags1.hardwareDependency = *flag;
+  StoreFlag(fields("void VitalProductDataHeaderX::setHardwareDependency (const String &)").flags1,
+            VPDFLAGS1::hardwareDependency, yesNo, value);
 }
 
 void VitalProductDataHeaderX::setSoftwareDependency(const String& value)
 {
-  VPDHDR& record = header("void VitalProductDataHeaderX::setSoftwareDependency (const String &)");
-  if (const auto flag = FlagOf(value, "Y", "N")) record.flags1.softwareDependency = *flag;
+  StoreFlag(fields("void VitalProductDataHeaderX::setSoftwareDependency (const String &)").flags1,
+            VPDFLAGS1::softwareDependency, yesNo, value);
 }
 
 void VitalProductDataHeaderX::setVitalProductDataConstant()
 {
-  StoreText(header("void VitalProductDataHeaderX::setVitalProductDataConstant ()").vpdConstant, "VPD");
+  StoreText(fields("void VitalProductDataHeaderX::setVitalProductDataConstant ()").vpdConstant, "VPD");
 }
 
 void VitalProductDataHeaderX::setReplaceableUnitBodyType(const String& value)
 {
-  VPDHDR& record = header("void VitalProductDataHeaderX::setReplaceableUnitBodyType (const String &)");
-  if (const auto code = CodeOf(bodyTypes, value)) record.flags1.bodyType = *code & 3U;
+  StoreFlag(fields("void VitalProductDataHeaderX::setReplaceableUnitBodyType (const String &)").flags1,
+            VPDFLAGS1::bodyType, bodyTypes, value);
 }
 
 void VitalProductDataHeaderX::setPrimaryFunctionGroupId(const String& value)
 {
-  StoreText(header("void VitalProductDataHeaderX::setPrimaryFunctionGroupId (const String &)").primaryFunctionGroupId,
+  StoreText(fields("void VitalProductDataHeaderX::setPrimaryFunctionGroupId (const String &)").primaryFunctionGroupId,
             value);
 }
 
 void VitalProductDataHeaderX::setSecondaryFunctionGroupId(const String& value)
 {
   StoreText(
-      header("void VitalProductDataHeaderX::setSecondaryFunctionGroupId (const String &)").secondaryFunctionGroupId,
+      fields("void VitalProductDataHeaderX::setSecondaryFunctionGroupId (const String &)").secondaryFunctionGroupId,
       value);
 }
 
 void VitalProductDataHeaderX::setReplaceableUnitDate(const String& value)
 {
-  StoreText(header("void VitalProductDataHeaderX::setReplaceableUnitDate (const String &)").ruDate, value);
+  StoreText(fields("void VitalProductDataHeaderX::setReplaceableUnitDate (const String &)").ruDate, value);
 }
 
 void VitalProductDataHeaderX::setReplaceableUnitTime(const String& value)
 {
-  StoreText(header("void VitalProductDataHeaderX::setReplaceableUnitTime (const String &)").ruTime, value);
+  StoreText(fields("void VitalProductDataHeaderX::setReplaceableUnitTime (const String &)").ruTime, value);
 }
 
 void VitalProductDataHeaderX::setVitalProductDataBodyOffset()
 {
-  header("void VitalProductDataHeaderX::setVitalProductDataBodyOffset ()").vpdBodyOffset = sizeof(VPDHDR);
+  fields("void VitalProductDataHeaderX::setVitalProductDataBodyOffset ()").vpdBodyOffset = sizeof(VPDHDR);
 }
 
 void VitalProductDataHeaderX::setVitalProductDataBodyOffset(unsigned int offset)
 {
-  header("void VitalProductDataHeaderX::setVitalProductDataBodyOffset (unsigned int)").vpdBodyOffset = offset;
+  fields("void VitalProductDataHeaderX::setVitalProductDataBodyOffset (unsigned int)").vpdBodyOffset = offset;
 }
 
 size_t VitalProductDataHeaderX::getVitalProductDataBodyOffset() const
 {
-  return header("size_t VitalProductDataHeaderX::getVitalProductDataBodyOffset () const").vpdBodyOffset;
+  return fields("size_t VitalProductDataHeaderX::getVitalProductDataBodyOffset () const").vpdBodyOffset;
 }
 
 void VitalProductDataHeaderX::setSystemSpecificDataOffset()
 {
-  header("void VitalProductDataHeaderX::setSystemSpecificDataOffset ()").ssdOffset = sizeof(VPDHDR);
+  fields("void VitalProductDataHeaderX::setSystemSpecificDataOffset ()").ssdOffset = sizeof(VPDHDR);
 }
 
 size_t VitalProductDataHeaderX::getSystemSpecificDataOffset() const
 {
-  return header("size_t VitalProductDataHeaderX::getSystemSpecificDataOffset () const").ssdOffset;
+  return fields("size_t VitalProductDataHeaderX::getSystemSpecificDataOffset () const").ssdOffset;
 }
 
 void VitalProductDataHeaderX::setProductId(const String& value)
 {
-  StoreText(header("void VitalProductDataHeaderX::setProductId (const String &)").productId, value);
+  StoreText(fields("void VitalProductDataHeaderX::setProductId (const String &)").productId, value);
 }
 
 int VitalProductDataHeaderX::setSoftwareType(const String& value)
 {
-  VPDHDR& record = header("int VitalProductDataHeaderX::setSoftwareType (const String &)");
-  const auto flag = FlagOf(value, "MCG", "LPP");
-  if (!flag) return 44;
-  record.flags2.softwareType = *flag;
-  return 0;
+  VPDHDR& vpd = fields("int VitalProductDataHeaderX::setSoftwareType (const String &)");
+  return StoreFlag(vpd.flags2, VPDFLAGS2::softwareType, softwareTypes, value) ? success : badSoftwareType;
 }
 
 int VitalProductDataHeaderX::setDevelopedByVelmor(const String& value)
 {
-  VPDHDR& record = header("int VitalProductDataHeaderX::setDevelopedByVelmor (const String &)");
-  const auto flag = FlagOf(value, "N", "Y");
-  if (!flag) return 45;
-  record.flags2.developedByVelmor = *flag;
-  return 0;
+  VPDHDR& vpd = fields("int VitalProductDataHeaderX::setDevelopedByVelmor (const String &)");
+  return StoreFlag(vpd.flags2, VPDFLAGS2::developedByVelmor, noYes, value) ? success : badDevelopedBy;
 }
 
 int VitalProductDataHeaderX::setDevelopedForVelmor(const String& value)
 {
-  VPDHDR& record = header("int VitalProductDataHeaderX::setDevelopedForVelmor (const String &)");
-  const auto flag = FlagOf(value, "N", "Y");
-  if (!flag) return 46;
-  record.flags2.developedForVelmor = *flag;
-  return 0;
+  VPDHDR& vpd = fields("int VitalProductDataHeaderX::setDevelopedForVelmor (const String &)");
+  return StoreFlag(vpd.flags2, VPDFLAGS2::developedForVelmor, noYes, value) ? success : badDevelopedFor;
 }
 
 void VitalProductDataHeaderX::setDevelopementLabId(const String& value)
 {
-  StoreText(header("void VitalProductDataHeaderX::setDevelopementLabId (const String &)").developmentLabId, value);
+  StoreText(fields("void VitalProductDataHeaderX::setDevelopementLabId (const String &)").developmentLabId, value);
 }
 
 void VitalProductDataHeaderX::setVersionLevel(const String& value)
 {
-  StoreText(header("void VitalProductDataHeaderX::setVersionLevel (const String &)").versionLevel, value);
+  StoreText(fields("void VitalProductDataHeaderX::setVersionLevel (const String &)").versionLevel, value);
 }
 
 void VitalProductDataHeaderX::setReleaseModificationLevel(const String& value)
 {
   StoreText(
-      header("void VitalProductDataHeaderX::setReleaseModificationLevel (const String &)").releaseModificationLevel,
+      fields("void VitalProductDataHeaderX::setReleaseModificationLevel (const String &)").releaseModificationLevel,
       value);
 }
 
 void VitalProductDataHeaderX::Endian()
 {
-  VPDHDR& record = header("void VitalProductDataHeaderX::Endian ()");
-  ToFileOrder(record.ruLength, record.vpdBodyOffset, record.reserved7, record.ssdOffset, record.reserved8,
-              record.reserved9);
-  htonb(reinterpret_cast<char*>(record.ruLoadId), sizeof record.ruLoadId);
-  if (littleEndian() == 1) {
-    const auto flags1 = PackedFromTheTop(std::bit_cast<std::uint32_t>(record.flags1), flags1Widths);
-    const auto flags2 = PackedFromTheTop(std::bit_cast<std::uint16_t>(record.flags2), flags2Widths);
-    record.flags1 = std::bit_cast<VPDFLAGS1>(htonl(flags1));
-    record.flags2 = std::bit_cast<VPDFLAGS2>(htons(flags2));
-  }
+  VPDHDR& vpd = fields("void VitalProductDataHeaderX::Endian ()");
+  MoveToWireForm(vpd.flags1, VPDFLAGS1::all);
+  MoveToWireForm(vpd.flags2, VPDFLAGS2::all);
+  ToFileOrder(vpd.ruLength, vpd.flags1, vpd.flags2, vpd.vpdBodyOffset, vpd.reserved7, vpd.ssdOffset, vpd.reserved8,
+              vpd.reserved9);
+  htonb(reinterpret_cast<char*>(vpd.ruLoadId), sizeof vpd.ruLoadId);
 }
 
 ByteString VitalProductDataHeaderX::getByteString() const
 {
-  Assert(valid(), "valid()", "VPDHdrX", "ByteString VitalProductDataHeaderX::getByteString () const");
-  return bytes;
+  return record.bytes("ByteString VitalProductDataHeaderX::getByteString () const");
 }
-
-boolean VitalProductDataHeaderX::writeHeader(WriteStream& out) const { return WriteRecord(out, bytes); }

@@ -1,40 +1,46 @@
 // The VPD header, the first record of the header block: 208 bytes that name and describe a replaceable unit (RU).
-// Texts are EBCDIC, padded with blanks and cut to their field without a word; numbers are big-endian in wire form.
+// Texts are EBCDIC, padded with blanks and cut silently to their field; numbers are big-endian in wire form.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 
-#include "foundation/Assertion.h"
-#include "foundation/ByteString.h"
-#include "foundation/WriteStream.h"
+#include "headers/FlagField.h"
+#include "headers/HeaderRecord.h"
 
-// Flags are declared in the order of their places in the wire form, from the most significant bit downward. A
-// little-endian host packs them from the least significant bit upward; Endian() moves them.
+// The fields of the two flag words: first bit in wire form, and width. A flag without a comment is 1 for "Y", 0 for
+// "N".
 struct VPDFLAGS1 {
-  std::uint32_t reserved1 : 1;
-  std::uint32_t hardwareDependency : 1;
-  std::uint32_t softwareDependency : 1;
-  std::uint32_t changeLid : 1;
-  std::uint32_t selfLoad : 1;
-  std::uint32_t flashLoad : 1;
-  std::uint32_t bodyType : 2;  // 0 "CODE", 1 "SFGINFO", 2 "PFGINFO", 3 "VPDINFO"
-  std::uint32_t reserved2 : 3;
-  std::uint32_t reserved3 : 5;
-  std::uint32_t reserved4 : 10;
-  std::uint32_t loadIdPresent : 1;
-  std::uint32_t baseLoad : 1;
-  std::uint32_t reserved5 : 4;
+  static constexpr FlagField reserved1{0, 1};
+  static constexpr FlagField hardwareDependency{1, 1};
+  static constexpr FlagField softwareDependency{2, 1};
+  static constexpr FlagField changeLid{3, 1};
+  static constexpr FlagField selfLoad{4, 1};
+  static constexpr FlagField flashLoad{5, 1};
+  static constexpr FlagField bodyType{6, 2};  // 0 "CODE", 1 "SFGINFO", 2 "PFGINFO", 3 "VPDINFO"
+  static constexpr FlagField reserved2{8, 3};
+  static constexpr FlagField reserved3{11, 5};
+  static constexpr FlagField reserved4{16, 10};
+  static constexpr FlagField loadIdPresent{26, 1};  // 1 when the load ID is not all zeros
+  static constexpr FlagField baseLoad{27, 1};
+  static constexpr FlagField reserved5{28, 4};
+  static constexpr FlagField all[] = {reserved1,     hardwareDependency, softwareDependency, changeLid, selfLoad,
+                                      flashLoad,     bodyType,           reserved2,          reserved3, reserved4,
+                                      loadIdPresent, baseLoad,           reserved5};
 };
+static_assert(FillWord<std::uint32_t>(VPDFLAGS1::all));
 
 struct VPDFLAGS2 {
-  std::uint16_t softwareType : 1;  // 1 "MCG", 0 "LPP"
-  std::uint16_t reserved1 : 3;
-  std::uint16_t reserved2 : 4;
-  std::uint16_t developedByVelmor : 1;   // 1 "N", 0 "Y"
-  std::uint16_t developedForVelmor : 1;  // 1 "N", 0 "Y"
-  std::uint16_t reserved3 : 6;
+  static constexpr FlagField softwareType{0, 1};  // 1 "MCG", 0 "LPP"
+  static constexpr FlagField reserved1{1, 3};
+  static constexpr FlagField reserved2{4, 4};
+  static constexpr FlagField developedByVelmor{8, 1};   // 1 "N", 0 "Y"
+  static constexpr FlagField developedForVelmor{9, 1};  // 1 "N", 0 "Y"
+  static constexpr FlagField reserved3{10, 6};
+  static constexpr FlagField all[] = {softwareType,      reserved1,          reserved2,
+                                      developedByVelmor, developedForVelmor, reserved3};
 };
+static_assert(FillWord<std::uint16_t>(VPDFLAGS2::all));
 
 struct VPDHDR {
   std::uint32_t ruLength;                     // 0: bytes of the load module
@@ -48,8 +54,8 @@ struct VPDHDR {
   unsigned char primaryFunctionGroupId[4];    // 44
   unsigned char secondaryFunctionGroupId[4];  // 48
   unsigned char reserved4[4];                 // 52
-  VPDFLAGS1 flags1;                           // 56
-  VPDFLAGS2 flags2;                           // 60
+  std::uint32_t flags1;                       // 56: VPDFLAGS1
+  std::uint16_t flags2;                       // 60: VPDFLAGS2
   unsigned char developmentLabId[2];          // 62
   unsigned char ruDate[8];                    // 64: YYYYMMDD
   unsigned char ruTime[6];                    // 72: hhmmss
@@ -65,7 +71,6 @@ struct VPDHDR {
   unsigned char reserved10[44];               // 164
 };
 
-static_assert(sizeof(VPDFLAGS1) == 4 && sizeof(VPDFLAGS2) == 2);
 static_assert(offsetof(VPDHDR, ruLength) == 0);
 static_assert(offsetof(VPDHDR, reserved1) == 4);
 static_assert(offsetof(VPDHDR, ruName) == 8);
@@ -129,7 +134,7 @@ class VitalProductDataHeaderX {
   void setSecondaryFunctionGroupId(const String& value);
   void setReplaceableUnitDate(const String& value);
   void setReplaceableUnitTime(const String& value);
-  // Offsets are bytes from the beginning of the header block; without an argument, 208, right behind this record.
+  // Offsets are bytes from the beginning of the header block; without an argument, 208, right after this record.
   void setVitalProductDataBodyOffset();
   void setVitalProductDataBodyOffset(unsigned int offset);
   size_t getVitalProductDataBodyOffset() const;
@@ -150,12 +155,12 @@ class VitalProductDataHeaderX {
   // A copy of all the bytes.
   ByteString getByteString() const;
   // Writes all the bytes, of an invalid record none; whether the stream reports no failure afterwards.
-  boolean writeHeader(WriteStream& out) const;
-  boolean valid() const { return !bytes.empty(); }
+  boolean writeHeader(WriteStream& out) const { return record.write(out); }
+  boolean valid() const { return record.valid(); }
 
  private:
-  VPDHDR& header(const AssertingFunction& function);
-  const VPDHDR& header(const AssertingFunction& function) const;
+  VPDHDR& fields(const AssertingFunction& function);
+  const VPDHDR& fields(const AssertingFunction& function) const;
 
-  ByteString bytes;  // none when the record is invalid
+  HeaderRecord record;
 };

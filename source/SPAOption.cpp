@@ -13,3 +13,5 @@ void SPAOption::SetStringValue(const String& label, const String& value) { optio
 String SPAOption::GetStringValue(const String& label) { return optionTable.get(label); }
 
 int SPAOption::StringValid(const String& label) { return optionTable.includes(label); }
+
+MapStringString& OptionTable() { return optionTable; }

@@ -11,6 +11,9 @@ namespace {
 constexpr const char* vpdinfoLabels[] = {"PRODUCTID", "INSTRSET", "SWRTYPE",  "DEVELBY",
                                          "DEVELFOR",  "DEVLABID", "VERLEVEL", "RELMODLVL"};
 
+// In bytes: 1 GiB, so that a message that quotes a line stays below the length of a String.
+constexpr unsigned int longestLine = 1U << 30;
+
 void Store(const SPASourceStmt& statement, boolean restricted)
 {
   if (statement.isStmt() == 0) return;
@@ -25,7 +28,7 @@ int SPASourceProgram::read(ReadStream& stream, boolean& restricted)
   try {
     String line;
     while (!stream.endOfFile()) {
-      stream.getLine(line, '\n');
+      stream.getLine(line, '\n', longestLine);
       if (!stream.failure()) Store(SPASourceStmt(line), restricted);
     }
   } catch (const std::bad_alloc&) {  // a line or a source that memory cannot hold

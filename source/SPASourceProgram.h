@@ -9,7 +9,7 @@
 class SPASourceProgram {
  public:
   // Stores every statement up to the end of the stream, or when `restricted` only those that labelOk accepts. Returns
-  // 0, or 1 when the stream reports a failure then; what was read before it stays stored.
+  // 0, or 1 when the stream has failed; what was read before the failure stays stored.
   int read(ReadStream& stream, boolean& restricted);
 };
 

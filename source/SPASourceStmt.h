@@ -1,5 +1,6 @@
 // One line of a source: white space removed, its label and value on demand. A statement begins with ":", "*" or "!";
-// after runs of these, the label reaches to the first ".", and behind the run of "." there the value to the line's end.
+// after runs of these, the label reaches to the first ".". The value follows the run of "." there, up to the line's
+// end.
 #pragma once
 
 #include "foundation/String.h"
@@ -22,12 +23,11 @@ class SPASourceStmt {
 // The text without its blanks and the bytes 0x09 to 0x0D.
 String removeWS(const String& text);
 
-// The index of the first character at or after `start` that is not white space, "!", "*", ":", "."; or that is a ".";
-// or a newline; the text's length when there is none.
-unsigned int skipWS(const String& text, unsigned int start);
-unsigned int skipbang(const String& text, unsigned int start);
-unsigned int skipstar(const String& text, unsigned int start);
-unsigned int skipcolon(const String& text, unsigned int start);
-unsigned int skipPeriod(const String& text, unsigned int start);
-unsigned int skipLabel(const String& text, unsigned int start);
-unsigned int skipValue(const String& text, unsigned int start);
+// Each returns the index of the first character at or after `start` that it does not skip, or else the text's length.
+unsigned int skipWS(const String& text, unsigned int start);      // skips white space
+unsigned int skipbang(const String& text, unsigned int start);    // skips "!"
+unsigned int skipstar(const String& text, unsigned int start);    // skips "*"
+unsigned int skipcolon(const String& text, unsigned int start);   // skips ":"
+unsigned int skipPeriod(const String& text, unsigned int start);  // skips "."
+unsigned int skipLabel(const String& text, unsigned int start);   // skips all but "."
+unsigned int skipValue(const String& text, unsigned int start);   // skips all but the newline

@@ -32,7 +32,8 @@ TEST(PathTest, ElementsAreFoundExactlyAndEmptyOnesAreSkipped)
   Path path("::abc::b:c:");
   EXPECT_TRUE(path.includes("abc"));
   EXPECT_FALSE(path.includes("ab"));
-  EXPECT_EQ(path.isEmpty(), !Path(":::").isEmpty());
+  EXPECT_FALSE(path.isEmpty());
+  EXPECT_TRUE(Path(":::").isEmpty());
   path.remove("b");
   path.append(path);
   path.prepend("x");

@@ -184,6 +184,7 @@ TEST(Codes, FailedRunSaysWhyAndLeavesTheFileThatItShouldHaveWritten)
   std::vector<Row> rows = {
       {17, "true", "Invalid filename specified.\nFile does not have a kesp header on it.\n", "-r", ".lidhdr"},
       {32, "mkfifo p; mv p part.kesp; timeout 20 sh -c 'echo A > part.kesp' &", noLength},
+      {32, "ln -sf /dev/zero part.kesp", noLength},
       {33, "rm part.kesp; mkdir part.kesp", noLid},
       {33, mem + "part.kesp", noLid},
       {36, "printf ':SSDMODEL.vant4\n:ALLOWBKP.y' > part.lidhdr", refusal("SSD Model", inSource + " is vant4")},

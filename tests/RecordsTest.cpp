@@ -109,7 +109,7 @@ TEST(SsdRecordTest, AcceptedValuesStoreTheirBytesAndOthersGiveALineAndACode)
   ExpectCoded(&S::setAllowBreakpoints, 46, kYesNo, 37, "Allow Breakpoints" + is);
 }
 
-TEST(RecordsTest, EndianReversesEachNumberAndNothingBehindTheRecord)
+TEST(RecordsTest, EndianReversesEachNumberAndNothingAfterTheRecord)
 {
   const auto wire = [](auto record) {
     record.Endian();

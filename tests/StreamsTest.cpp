@@ -45,7 +45,7 @@ TEST(ReadFileStreamTest, FilesOfEverySizeAreReadWholeAndAgainFromAnOffset)
     EXPECT_TRUE(stream.getByteString(bytes).getByteString(behind, 10).endOfFile());
     EXPECT_EQ(Hex(bytes), Hex(content));
     stream.setOffset(9999);
-    stream.appendByteString(behind).setOffset(0x100000000);
+    stream.getByteString(behind).setOffset(0x100000000);
     EXPECT_EQ(stream.getByteString(part, 10).endOfFile(), size <= 10);
     EXPECT_EQ(Hex(part), Hex(content.substr(0, 10)));
     EXPECT_EQ(stream.getOffset() + behind.length(), std::min(size, 10U));
@@ -80,6 +80,28 @@ TEST(ReadStreamTest, FailureComesOfReadingBeyondMemoryOrTheEndAndGoesWithoutTheE
   EXPECT_EQ(in.rdstate(), ios::eofbit);
   stream.setOffset(2);
   EXPECT_EQ(in.rdstate(), ios::failbit);
+}
+
+TEST(ReadStreamTest, ALineLongerThanTheLimitIsAFailure)
+{
+  for (const auto& [line, fails] : {std::pair("12345\n", false), {"12345", false}, {"123456\n", true}}) {
+    std::istringstream in(line);
+    ReadStream stream(&in);
+    String text;
+    stream.getLine(text, '\n', 5);
+    EXPECT_EQ(stream.failure(), fails) << line;
+    EXPECT_EQ(Text(text), "12345") << line;
+  }
+}
+
+TEST(ReadStreamTest, AnInputWithoutABufferHasNoPosition)
+{
+  std::istream in(nullptr);
+  ReadStream stream(&in);
+  EXPECT_EQ(stream.getOffset(), 4294967295U);
+  stream.clearFailure();
+  stream.setOffset(0);
+  EXPECT_TRUE(stream.failure());
 }
 
 TEST(WriteStreamTest, BytesPassUnchangedAndNumbersAreThirtyTwoBitsInTheBase)
@@ -134,6 +156,21 @@ TEST(WriteFileStreamTest, NewFilesGetTheirPermissionsAndOldOnesKeepThem)
   }
   umask(old);
   EXPECT_EQ(folder.read("cut"), "x");
+}
+
+TEST(CautiousWriteFileStreamTest, AnOldFileStaysUntilItIsEmptied)
+{
+  const TemporaryFolder folder;
+  for (const auto& [emptied, after] : {std::pair(false, "xld"), {true, "x"}}) {
+    folder.write("file", "old");
+    CautiousWriteFileStream stream(Name(folder / "file"));
+    EXPECT_FALSE(stream.isNew());
+    EXPECT_EQ(stream.status().size(), 3U);
+    if (emptied) stream.empty();
+    (stream << "x").flush();
+    EXPECT_EQ(folder.read("file"), after);
+  }
+  EXPECT_TRUE(CautiousWriteFileStream(Name(folder / "new")).isNew());
 }
 
 TEST(WriteFileStreamTest, AFullFileFailsAtTheFlush)

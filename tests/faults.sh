@@ -30,7 +30,7 @@ rules='@(LID|probe)             @(open*|read)        EACCES,EIO,ENOMEM         3
        RUVPD                    read                 EIO,ENOMEM                51
        VPDINFO                  open*                EACCES,EIO,ENOMEM         60
        VPDINFO                  read                 EIO,ENOMEM                61
-       @(RUVPD|VPDINFO|output)  ?(f)stat             EACCES,EIO,ENOMEM         look
+       @(*again|RUVPD|VPDINFO|output)  ?(f)stat      EACCES,EIO,ENOMEM         look
        output                   @(open*|?(f)trunc*)  EACCES,EIO,ENOMEM,ENOSPC  34
        output                   write                EIO,ENOSPC                cut
        stderr                   write                EIO,ENOSPC                mute
@@ -78,7 +78,8 @@ inject() {  # inject FILE PATH: all that the rules have for the calls that a run
   for line in "${calls[@]}"; do
     call=${line%%\(*} kind=$call nth=$((${count[${line%%\(*}]:-0} + 1)) count[${line%%\(*}]=$nth
     case $line in stat\(* | *stat*\(AT_FDCWD*) kind=stat ;; *stat*\(*) kind=fstat ;; esac
-    subject=$1; [[ $lid,$1,$kind,$nth == part,LID,!(read),1 ]] && subject=probe
+    subject=$1; [[ $1,$kind,$nth == LID,fstat,2 && $lid != part ]] && subject=LID-again
+    [[ $lid,$1,$kind,$nth == part,LID,!(read),1 ]] && subject=probe
     while read -r file calls_meant errors rule; do
       [[ $subject == $file && $kind == $calls_meant ]] || continue
       for error in ${errors//,/ }; do

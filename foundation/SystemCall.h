@@ -1,0 +1,13 @@
+// Calls of the operating system that a signal may interrupt.
+#pragma once
+
+#include <cerrno>
+
+// The call's result, negative for a failure that errno tells; an interrupted call is made again.
+template <class Call>
+auto Uninterrupted(Call call)
+{
+  auto result = call();
+  while (result < 0 && errno == EINTR) result = call();
+  return result;
+}
