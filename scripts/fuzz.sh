@@ -1,6 +1,6 @@
 #!/bin/sh
-# Builds the fuzzers and runs each for SECONDS (default 60), one after another, on a corpus in build/fuzz/corpus that
-# grows from run to run. Prints a line for each; fails when one found a fault. Installs what is missing first.
+# Builds the fuzzers and runs each for SECONDS (default 60), one after another, on a corpus in the build folder that
+# grows from run to run. Prints a line for each; fails when one found a fault.
 set -eu
 cd "$(dirname "$0")/.."
 seconds=${1:-60}
@@ -8,20 +8,22 @@ case $seconds in
   *[!0-9]* | 0*) echo "usage: $0 [SECONDS]" >&2; exit 2 ;;
 esac
 
-scripts/setup.sh clang++=clang
+scripts/setup.sh --check fuzz.sh clang++=clang cmake=cmake ninja=ninja-build
 runtime=$(clang++ -print-resource-dir)/lib/linux/libclang_rt.fuzzer-$(uname -m).a
 major=$(clang++ -dumpversion)
-scripts/setup.sh "$runtime=libclang-rt-${major%%.*}-dev"
+scripts/setup.sh --check fuzz.sh "$runtime=libclang-rt-${major%%.*}-dev"
 cmake --preset fuzz >/dev/null
 cmake --build --preset fuzz
 
+folder=build/${KELVRA_BUILD_FOLDER-}fuzz
 status=0
-for fuzzer in SourceFuzz LidHeaderFuzz StringFuzz ByteStringFuzz; do
-  corpus=build/fuzz/corpus/$fuzzer
-  found=build/fuzz/found/$fuzzer
-  log=build/fuzz/$fuzzer.log
+for source in fuzz/*Fuzz.cpp; do
+  fuzzer=$(basename "$source" .cpp)
+  corpus=$folder/corpus/$fuzzer
+  found=$folder/found/$fuzzer
+  log=$folder/$fuzzer.log
   mkdir -p "$corpus" "$found"
-  if UBSAN_OPTIONS=print_stacktrace=1 "build/fuzz/fuzz/$fuzzer" -max_total_time="$seconds" -max_len=4096 \
+  if UBSAN_OPTIONS=print_stacktrace=1 "$folder/fuzz/$fuzzer" -max_total_time="$seconds" -max_len=4096 \
     -timeout=10 -print_final_stats=1 -artifact_prefix="$found/" "$corpus" "fuzz/seeds/$fuzzer" examples \
     >"$log" 2>&1; then
     runs=$(sed -n 's/^stat::number_of_executed_units: *//p' "$log")
