@@ -3,7 +3,6 @@
 
 #include <filesystem>
 #include <set>
-#include <sstream>
 #include <tuple>
 
 #include "tests/TestSupport.h"
@@ -12,14 +11,7 @@ namespace {
 
 const std::string kInfo = "vpdinfo File is qel.vpdinfo\n", kPart = "ruvpd File is part.lidhdr\n" + kInfo;
 
-// The pieces between the separators; '' is an empty one.
-std::vector<std::string> Split(const std::string& text, char separator)
-{
-  std::vector<std::string> pieces;
-  std::istringstream stream(text);
-  for (std::string piece; std::getline(stream, piece, separator);) pieces.push_back(piece == "''" ? "" : piece);
-  return pieces;
-}
+using Words = std::vector<std::string>;
 
 std::set<std::string> Listing(const TemporaryFolder& folder)
 {
@@ -29,16 +21,18 @@ std::set<std::string> Listing(const TemporaryFolder& folder)
 }
 
 // Runs among the named files, each of which holds its own name ("dir/" is a folder); only `output` may come.
-void Check(const TemporaryFolder& folder, const std::string& files, const std::string& arguments, int status,
-           const std::string& err, const std::string& output = "")
+void Check(const TemporaryFolder& folder, Words files, const Words& arguments, int status, const std::string& err,
+           const std::string& output = "")
 {
-  for (const std::string& name : Split("part.lidhdr qel.vpdinfo " + files, ' ')) {
+  SCOPED_TRACE(testing::PrintToString(arguments));
+  files.insert(files.end(), {"part.lidhdr", "qel.vpdinfo"});
+  for (const std::string& name : files) {
     std::filesystem::create_directories(std::filesystem::path(folder / name).parent_path());
     if (name.back() != '/') folder.write(name, name);
   }
   std::set<std::string> names = Listing(folder);
   if (!output.empty()) names.insert(folder / output);
-  const Outcome run = RunKelvra(folder, Split(arguments, ' '));
+  const Outcome run = RunKelvra(folder, arguments);
   EXPECT_EQ(run.status, status);
   EXPECT_EQ(run.err, err);
   EXPECT_EQ(run.out, "");
@@ -48,23 +42,30 @@ void Check(const TemporaryFolder& folder, const std::string& files, const std::s
 TEST(CommandLine, NamesAreDefaultedAndProbed)
 {
   const struct {
-    std::string files, arguments, lid, output, said = kPart;
-  } rows[] = {{"part.kesp", "-l part", "part.kesp", "part.ruhx"},
-              {"part part.kesp", "-l part", "part", "part.ruhx"},
-              {"part/ part.kesp", "-l part", "part.kesp", "part.ruhx"},
-              {"x.kesp part", "-r part -l x", "x.kesp", "x.ruhx", kInfo},
-              {"x.kesp part/", "-r part -l x", "x.kesp", "x.ruhx"},
-              {"part.kesp", "-l part -o .ruhx", "part.kesp", ".ruhx"},
-              {"x.kesp d/", "-lfoo x.kesp -rbar part.lidhdr -output d/o", "x.kesp", "d/o"},
-              {"a.kesp b.kesp", "-o c -r a -l a.kesp -l b.kesp -r part -o d", "b.kesp", "d"},
-              {"part.kesp", "-r a -o b -l part -r '' -o ''", "part.kesp", "part.ruhx"},
-              {"a.b.c a.b.lidhdr", "-l a.b.c", "a.b.c", "a.b.ruhx", "ruvpd File is a.b.lidhdr\n" + kInfo},
-              {"part. part..lidhdr", "-l part.", "part.", "part..ruhx", "ruvpd File is part..lidhdr\n" + kInfo},
-              {"-r.kesp -r.lidhdr", "-l -r", "-r.kesp", "-r.ruhx", "ruvpd File is -r.lidhdr\n" + kInfo},
-              {"d.x/part d.x/part.lidhdr d.x/qel.vpdinfo", "-l d.x/part", "d.x/part", "d.x/part.ruhx",
-               "ruvpd File is d.x/part.lidhdr\nvpdinfo File is d.x/qel.vpdinfo\n"}};
+    Words files, arguments;
+    std::string lid, output, said = kPart;
+  } rows[] = {
+      {{"part.kesp"}, {"-l", "part"}, "part.kesp", "part.ruhx"},
+      {{"part", "part.kesp"}, {"-l", "part"}, "part", "part.ruhx"},
+      {{"part/", "part.kesp"}, {"-l", "part"}, "part.kesp", "part.ruhx"},
+      {{"x.kesp", "part"}, {"-r", "part", "-l", "x"}, "x.kesp", "x.ruhx", kInfo},
+      {{"x.kesp", "part/"}, {"-r", "part", "-l", "x"}, "x.kesp", "x.ruhx"},
+      {{"part.kesp"}, {"-l", "part", "-o", ".ruhx"}, "part.kesp", ".ruhx"},
+      {{"x.kesp", "d/"}, {"-lfoo", "x.kesp", "-rbar", "part.lidhdr", "-output", "d/o"}, "x.kesp", "d/o"},
+      {{"a.kesp", "b.kesp"},
+       {"-o", "c", "-r", "a", "-l", "a.kesp", "-l", "b.kesp", "-r", "part", "-o", "d"},
+       "b.kesp",
+       "d"},
+      {{"part.kesp"}, {"-r", "a", "-o", "b", "-l", "part", "-r", "", "-o", ""}, "part.kesp", "part.ruhx"},
+      {{"a.b.c", "a.b.lidhdr"}, {"-l", "a.b.c"}, "a.b.c", "a.b.ruhx", "ruvpd File is a.b.lidhdr\n" + kInfo},
+      {{"part.", "part..lidhdr"}, {"-l", "part."}, "part.", "part..ruhx", "ruvpd File is part..lidhdr\n" + kInfo},
+      {{"-r.kesp", "-r.lidhdr"}, {"-l", "-r"}, "-r.kesp", "-r.ruhx", "ruvpd File is -r.lidhdr\n" + kInfo},
+      {{"d.x/part", "d.x/part.lidhdr", "d.x/qel.vpdinfo"},
+       {"-l", "d.x/part"},
+       "d.x/part",
+       "d.x/part.ruhx",
+       "ruvpd File is d.x/part.lidhdr\nvpdinfo File is d.x/qel.vpdinfo\n"}};
   for (const auto& row : rows) {
-    SCOPED_TRACE(row.files + ": " + row.arguments);
     const TemporaryFolder folder;
     Check(folder, row.files, row.arguments, 0, row.said + "kelvra process completed successfully.\n", row.output);
     EXPECT_EQ(folder.read(row.output).erase(0, 600), row.lid);  // the headers take 600 bytes
@@ -73,20 +74,48 @@ TEST(CommandLine, NamesAreDefaultedAndProbed)
 
 TEST(CommandLine, FaultsAndNamesThatLeadNowhereEndInTheirCodeAndMakeNoFile)
 {
-  const std::tuple<int, std::string, std::string> rows[] = {
-      {30, "Required parameter missing.\nUsage : kelvra -r partname.lidhdr -l partname.kesp -o outfile.ruhx\n",
-       "|'' ''|-|-x|extra|-l|-l ''|-lfoo|-l=part|-L part|--lid part|l part|-r part.lidhdr|-r part -o out|extra -l part|"
-       "-l part extra|-l part ''|-l part -|-l part -r|-l part -o|-l part -l|-l part -l ''|-l part -h|-- -l part"},
-      {33, "Error in reading object file.\n", "-l none|-l none.kesp|-l dir|-l /|-l empty/"},
-      {17, "Invalid filename specified.\nFile does not have a kesp header on it.\n",
-       "-l dir/|-l dir/.kesp|-l part -r .lidhdr|-l part -r dir/"},
-      {50, "File name is dir.lidhdr.\nUnable to open RUVPD source file for input.\nkelvra process failed.\n",
-       "-l part -r dir|-l part -r dir.lidhdr"},
-      {34, kPart + "Error in writing output (.ruh) file.\n", "-l part -o dir/|-l part -o dir|-l part -o no/x"}};
+  const std::tuple<int, std::string, std::vector<Words>> rows[] = {
+      {30,
+       "Required parameter missing.\nUsage : kelvra -r partname.lidhdr -l partname.kesp -o outfile.ruhx\n",
+       {{},
+        {"", ""},
+        {"-"},
+        {"-x"},
+        {"extra"},
+        {"-l"},
+        {"-l", ""},
+        {"-lfoo"},
+        {"-l=part"},
+        {"-L", "part"},
+        {"--lid", "part"},
+        {"l", "part"},
+        {"-r", "part.lidhdr"},
+        {"-r", "part", "-o", "out"},
+        {"extra", "-l", "part"},
+        {"-l", "part", "extra"},
+        {"-l", "part", ""},
+        {"-l", "part", "-"},
+        {"-l", "part", "-r"},
+        {"-l", "part", "-o"},
+        {"-l", "part", "-l"},
+        {"-l", "part", "-l", ""},
+        {"-l", "part", "-h"},
+        {"--", "-l", "part"}}},
+      {33,
+       "Error in reading object file.\n",
+       {{"-l", "none"}, {"-l", "none.kesp"}, {"-l", "dir"}, {"-l", "/"}, {"-l", "empty/"}}},
+      {17,
+       "Invalid filename specified.\nFile does not have a kesp header on it.\n",
+       {{"-l", "dir/"}, {"-l", "dir/.kesp"}, {"-l", "part", "-r", ".lidhdr"}, {"-l", "part", "-r", "dir/"}}},
+      {50,
+       "File name is dir.lidhdr.\nUnable to open RUVPD source file for input.\nkelvra process failed.\n",
+       {{"-l", "part", "-r", "dir"}, {"-l", "part", "-r", "dir.lidhdr"}}},
+      {34,
+       kPart + "Error in writing output (.ruh) file.\n",
+       {{"-l", "part", "-o", "dir/"}, {"-l", "part", "-o", "dir"}, {"-l", "part", "-o", "no/x"}}}};
   for (const auto& [status, err, commandLines] : rows) {
-    for (const std::string& arguments : Split(commandLines, '|')) {
-      SCOPED_TRACE(arguments);
-      Check(TemporaryFolder(), "part.kesp dir/.kesp empty/", arguments, status, err);
+    for (const Words& arguments : commandLines) {
+      Check(TemporaryFolder(), {"part.kesp", "dir/.kesp", "empty/"}, arguments, status, err);
     }
   }
 }

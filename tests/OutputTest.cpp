@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include <cstdlib>
 #include <filesystem>
 
 #include "tests/TestSupport.h"
@@ -166,66 +165,112 @@ TEST(Output, SourcesChangeOnlyTheirOwnFields)
   }
 }
 
-TEST(Codes, FailedRunSaysWhyAndLeavesTheFileThatItShouldHaveWritten)
+// The run ends with the code and the lines, and leaves the output's file as it was.
+void ExpectFailure(const Part& folder, int status, const std::string& err, const std::string& output = "part.ruhx",
+                   const std::string& source = "part.lidhdr")
 {
-  const std::string inSource = " value in the RUVPD source file", mem = "ln -sf /proc/self/mem ";
-  const std::string inInfo = " value in the VPDINFO source file.\n" + kFailed;
+  SCOPED_TRACE(std::to_string(status) + " " + output + " " + source);
+  if (!folder.has(output)) folder.write(output, "old");
+  const std::string before = folder.read(output);
+  folder.run(status, err, {"-l", "part.kesp", "-r", source, "-o", output});
+  EXPECT_EQ(folder.read(output), before);
+}
+
+TEST(Codes, ARefusedValueIsTheFirstInTheOrderOfTheKeywords)
+{
+  const std::string inSource = " value in the RUVPD source file", is = inSource + " is ";
+  const std::string inInfo = " value in the VPDINFO source file.\n";
+  const auto refused = [&](const std::string& field, const std::string& value) {
+    return field + value + ".\nInvalid " + field + inSource + ".\n";
+  };
+  const struct {
+    int status;
+    std::string source, info, lines;
+  } rows[] = {
+      {36, ":SSDMODEL.vant4\n:ALLOWBKP.y", "", refused("SSD Model", is + "vant4")},
+      {37, ":ALLOWBKP.y\n:LLFLAG.X", "", refused("Allow Breakpoints", is + "y")},
+      {39, ":RUDEST.nuc1\n:LLBYPASS.", "", refused("RU Destination", is + "nuc1")},
+      {41, ":LLBYPASS.\n:DELETERU.no", "", refused("Link/loader Bypass", is)},
+      {42, ":DELETERU.no\n:SSDMODEL.x", "", refused("Delete RU", is + "no")},
+      {44, ":RUDEST.x\n:DEVELBY.n\n:SWRTYPE.mcg", "", "Invalid Software Type" + inInfo},
+      {45, "", ":DEVELFOR.no\n:DEVELBY.n", "Invalid Developed By Velmor" + inInfo},
+      {46, "", ":DEVELFOR.no", "Invalid Developed For Velmor" + inInfo},
+      {47, ":LLFLAG.X", "", refused("Online Link/Loadable Flag", " is X")},
+  };
+  for (const auto& row : rows) {
+    const Part folder;
+    folder.write("part.lidhdr", row.source);
+    folder.write("qel.vpdinfo", row.info);
+    ExpectFailure(folder, row.status, kBoth + row.lines + kFailed);
+  }
+}
+
+TEST(Codes, AFileThatIsMissingOrUnfitEndsTheRun)
+{
+  const std::string noLid = "Error in reading object file.\n", noLength = "Error in getting file length of RU.\n";
   const std::string noSource = "File name is part.lidhdr.\nUnable to open RUVPD source file for input.\n" + kFailed;
   const std::string noInfo = ".vpdinfo.\nUnable to open VPDINFO source file for input.\n" + kFailed;
-  const std::string noLid = "Error in reading object file.\n", noLength = "Error in getting file length of RU.\n";
-  const std::string noOutput = kBoth + "Error in writing output (.ruh) file.\n";
-  const auto refusal = [&](const std::string& field, const std::string& is) {
-    return kBoth + field + is + ".\nInvalid " + field + inSource + ".\n" + kFailed;
+  const std::string memory = "/proc/self/mem";  // opens, and does not read
+  const auto linked = [](const Part& folder, const std::string& name, const std::string& target) {
+    fs::remove(folder / name);
+    fs::create_symlink(target, folder / name);
   };
-  struct Row {
-    int status;
-    std::string script, err, option = "-r", value = "part.lidhdr";  // the shell script is run in the folder before
+  const std::tuple<int, void (*)(const Part&), std::string> rows[] = {
+      {32, [](const Part& folder) { truncate((folder / "part.kesp").c_str(), 4294966696); }, noLength},
+      {33, [](const Part& folder) { truncate((folder / "part.kesp").c_str(), 4294967296); }, noLid},
+      {33, [](const Part& folder) { fs::remove(folder / "part.kesp"); }, noLid},
+      {33, [](const Part& folder) { fs::remove(folder / "part.kesp"), fs::create_directory(folder / "part.kesp"); },
+       noLid},
+      {50, [](const Part& folder) { fs::remove(folder / "part.lidhdr"); }, noSource},
+      {50, [](const Part& folder) { fs::remove(folder / "part.lidhdr"), fs::create_directory(folder / "part.lidhdr"); },
+       noSource},
+      {60, [](const Part& folder) { fs::remove(folder / "qel.vpdinfo"); }, kRead + "File name is qel" + noInfo},
+      {60, [](const Part& folder) { folder.write("part.lidhdr", ":VPDINFONM.d/prod"); },
+       kRead + "File name is d/prod" + noInfo},
+      {60, [](const Part& folder) { folder.write("part.lidhdr", ":VPDINFONM.part.kesp\0x"s); },
+       kRead + "File name is part.kesp\0x"s + noInfo},
   };
-  std::vector<Row> rows = {
-      {17, "true", "Invalid filename specified.\nFile does not have a kesp header on it.\n", "-r", ".lidhdr"},
-      {32, "mkfifo p; mv p part.kesp; timeout 20 sh -c 'echo A > part.kesp' &", noLength},
-      {32, "ln -sf /dev/zero part.kesp", noLength},
-      {33, "rm part.kesp; mkdir part.kesp", noLid},
-      {33, mem + "part.kesp", noLid},
-      {36, "printf ':SSDMODEL.vant4\n:ALLOWBKP.y' > part.lidhdr", refusal("SSD Model", inSource + " is vant4")},
-      {37, "printf ':ALLOWBKP.y\n:LLFLAG.X' > part.lidhdr", refusal("Allow Breakpoints", inSource + " is y")},
-      {39, "printf ':RUDEST.nuc1\n:LLBYPASS.' > part.lidhdr", refusal("RU Destination", inSource + " is nuc1")},
-      {41, "printf ':LLBYPASS.\n:DELETERU.no' > part.lidhdr", refusal("Link/loader Bypass", inSource + " is ")},
-      {42, "printf ':DELETERU.no\n:SSDMODEL.x' > part.lidhdr", refusal("Delete RU", inSource + " is no")},
-      {44, "printf ':RUDEST.x\n:DEVELBY.n\n:SWRTYPE.mcg' > part.lidhdr", kBoth + "Invalid Software Type" + inInfo},
-      {45, "printf ':DEVELFOR.no\n:DEVELBY.n' > qel.vpdinfo", kBoth + "Invalid Developed By Velmor" + inInfo},
-      {46, "echo ':DEVELFOR.no' > qel.vpdinfo", kBoth + "Invalid Developed For Velmor" + inInfo},
-      {47, "echo ':LLFLAG.X' > part.lidhdr", refusal("Online Link/Loadable Flag", " is X")},
-      {48, "touch " + kLong, kLongRead + "RUNAME value not assigned in header by Morvik.\n" + kFailed, "-r", kLong},
-      {50, "rm part.lidhdr", noSource},
-      {50, "rm part.lidhdr; mkdir part.lidhdr", noSource},
-      {51, mem + "part.lidhdr", "File name is part.lidhdr.\n" + kRead + "Error reading RUVPD source file.\n" + kFailed},
-      {60, "rm qel.vpdinfo", kRead + "File name is qel" + noInfo},
-      {60, "echo ':VPDINFONM.d/prod' > part.lidhdr", kRead + "File name is d/prod" + noInfo},
-      {60, "printf ':VPDINFONM.part.kesp\\0x' > part.lidhdr", kRead + "File name is part.kesp\0x"s + noInfo},
-      {61, mem + "qel.vpdinfo",
-       kRead + "File name is qel.vpdinfo.\n" + kInfo + "Error reading VPDINFO source file.\n" + kFailed}};
-  for (const std::string input : {"part.kesp", "part.lidhdr", "qel.vpdinfo"}) {  // as the output
-    rows.push_back({34, "true", noOutput, "-o", input});
-    rows.push_back({34, "ln -sf " + input + " part.ruhx", noOutput});
-    rows.push_back({34, "ln -f " + input + " part.ruhx", noOutput});
-  }
-  for (const std::string year : {"\\0\\0", "\\11\\231", "\\240\\0"}) {  // 0000, 0999 and 10000 in the LID header
-    const std::string lid = "printf '\\2\\42\\0\\3\\0\\0\\0\\0" + year + "\\1\\1%092d' 0 > part.kesp";
-    rows.push_back({18, lid, "Invalid date specified.\n" + kFailed});
-  }
-  rows.push_back({32, "truncate -s 4294966696 part.kesp", noLength});  // ends at 4 GiB in the output
-  rows.push_back({33, "truncate -s 4294967296 part.kesp", noLid});
-  for (const Row& row : rows) {
-    SCOPED_TRACE(std::to_string(row.status) + ": " + row.script + " " + row.value);
+  for (const auto& [status, prepare, lines] : rows) {
     const Part folder;
-    folder.write("part.ruhx", "old");
-    const int made = std::system(("cd '" + folder.path() + "' && " + row.script).c_str());
-    if (made != 0 && row.script.starts_with("truncate")) GTEST_SKIP() << "no files of 4 GiB here";
-    EXPECT_EQ(made, 0);
-    const std::string output = row.option == "-o" ? row.value : "part.ruhx", before = folder.read(output);
-    folder.run(row.status, row.err, {"-l", "part.kesp", row.option, row.value});
-    EXPECT_EQ(folder.read(output), before);
+    prepare(folder);
+    ExpectFailure(folder, status, lines);
+  }
+  for (const auto& [name, target, status, lines] :
+       {std::tuple("part.kesp", "/dev/zero"s, 32, noLength),
+        {"part.kesp", memory, 33, noLid},
+        {"part.lidhdr", memory, 51,
+         "File name is part.lidhdr.\n" + kRead + "Error reading RUVPD source file.\n" + kFailed},
+        {"qel.vpdinfo", memory, 61,
+         kRead + "File name is qel.vpdinfo.\n" + kInfo + "Error reading VPDINFO source file.\n" + kFailed}}) {
+    const Part folder;
+    linked(folder, name, target);
+    ExpectFailure(folder, status, lines);
+  }
+}
+
+TEST(Codes, NamesAndDatesThatCannotStandInTheHeaderEndTheRun)
+{
+  const Part folder;
+  folder.write(kLong, "");
+  ExpectFailure(folder, 17, "Invalid filename specified.\nFile does not have a kesp header on it.\n", "part.ruhx",
+                ".lidhdr");
+  ExpectFailure(folder, 48, kLongRead + "RUNAME value not assigned in header by Morvik.\n" + kFailed, "part.ruhx",
+                kLong);
+  for (const char* year : {"0000", "0999", "a000"}) {  // the last is 10000
+    folder.write("part.kesp", Raw(kVersion3 + year + "01010000" + Zeros(90)));
+    ExpectFailure(folder, 18, "Invalid date specified.\n" + kFailed);
+  }
+}
+
+TEST(Codes, AnInputIsNoOutputUnderAnyName)
+{
+  for (const std::string input : {"part.kesp", "part.lidhdr", "qel.vpdinfo"}) {
+    const Part folder;
+    fs::create_symlink(input, folder / "symbolic");
+    fs::create_hard_link(folder / input, folder / "hard");
+    for (const std::string& output : {input, "symbolic"s, "hard"s}) {
+      ExpectFailure(folder, 34, kBoth + "Error in writing output (.ruh) file.\n", output);
+    }
   }
 }
 

@@ -200,6 +200,7 @@ TEST(WriteStreamPtrTest, TheLastWrapperToReleaseDeletesTheStreamOnce)
   EXPECT_TRUE(raw == third);
   EXPECT_TRUE(empty != first);
   EXPECT_EQ(&*first, first.operator->());
+  Watched::gone = 0;
   first.release();
   second = empty;
   EXPECT_EQ(Watched::gone, 0);
