@@ -79,8 +79,8 @@ unsigned short KespHeader::getMagicNumber() const
 
 unsigned int KespHeader::getLength() const
 {
-  const KESPHDR& lid = fields("unsigned int KespHeader::getLength () const");
-  return held >= offsetof(KESPHDR, mtdNumber) ? lid.headerLength : 0;
+  // A length that cuts its own field stood in the last byte, which is now zero.
+  return fields("unsigned int KespHeader::getLength () const").headerLength;
 }
 
 boolean KespHeader::holdsLidDateTime() const

@@ -45,9 +45,9 @@ static_assert(offsetof(KESPHDR, lidUpdateTime) == 96);
 static_assert(offsetof(KESPHDR, phylumLength) == 102);
 static_assert(sizeof(KESPHDR) == 104);
 
-// Every operation but valid(), writeHeader() and destruction asserts valid(). The bytes that a version-2 header lacks
-// begin as zeros. A setter writes its whole field, getByteString() and writeHeader() give the bytes that the header
-// has.
+// Every operation but valid(), writeHeader() and destruction asserts valid(). The bytes after the cut of a
+// version-2 header are zeros at first. A setter also writes a field that the cut divides; getByteString() and
+// writeHeader() give only the bytes before the cut.
 class KespHeader {
  public:
   static constexpr unsigned short lidMagicNumber = 0x0222;
@@ -66,14 +66,14 @@ class KespHeader {
   // The date and time as local broken-down time, seconds 0, not normalised; it lies in the record, and each call
   // overwrites it.
   tm* getLidDateTime();
-  // In version 2, of zeros.
+  // The same of the update time; in version 2, made of zeros.
   tm* getLidUpdateTime();
 
   // 12 characters, YYYYMMDDhhmm; the low four bits of each become a digit. A shorter text changes nothing.
   void setLidDateTime(char* text);
   // The same; in version 2, changes nothing.
   void setLidUpdateTime(char* text);
-  // The first 8 hexadecimal digits; fewer, or a character that is none, change nothing.
+  // The first 8 hexadecimal digits; fewer, or a character that is not one, change nothing.
   void setLidNumber(String& hex);
   // At most 64 characters; the rest of the field becomes zeros.
   void setLidInfo(String text);

@@ -48,8 +48,8 @@ static_assert(offsetof(RUSSD, reserved3) == 47);
 static_assert(sizeof(RUSSD) == 64);
 
 // Every operation but valid(), getLength(), writeHeader() and destruction asserts valid(). A setter that returns a code
-// returns 0, or for a value that it does not know its code after one line about it on standard error; the field then
-// stays as it was. Values are compared whole and case-sensitively.
+// returns success for a value that it knows. For any other value it writes one line on standard error, returns the code
+// named at the setter, and changes nothing. Values are compared whole and case-sensitively.
 class SystemSpecificDataHeaderX {
  public:
   // `length` zero bytes; valid from 64 on.
@@ -63,16 +63,17 @@ class SystemSpecificDataHeaderX {
   void setReplaceableUnitNameOffset(unsigned int offset);
   // Without a value, destination 0.
   int setReplaceableUnitDestination();
-  // A value of the destination table, else 39.
+  // A value of the destination table, else badRuDestination.
   int setReplaceableUnitDestination(const String& value);
-  // The first 4 bytes of the value's hexadecimal digits, an odd number of them counting as preceded by a 0, else 38.
+  // The first 4 bytes of the value's hexadecimal digits, else badNucleusSequenceControl. An odd number of digits counts
+  // as preceded by a 0.
   int setNucleusSequenceControl(const String& value);
-  // "Y" or "N", else 41, 42, 37 and 47.
+  // "Y" or "N", else badLinkLoaderBypass, badDeleteRu, badAllowBreakpoints and badOnlineLLFlag.
   int setLinkLoaderBypass(const String& value);
   int setDeleteReplaceableUnit(const String& value);
   int setAllowBreakpoints(const String& value);
   int setOnlineLLFlag(const String& value);
-  // A value of the model table, else 36.
+  // A value of the model table, else badSsdModel.
   int setSSDModel(const String& value);
   // "VORN" or "LID"; any other value changes nothing.
   void setReplaceableUnitTypeOption(const String& value);

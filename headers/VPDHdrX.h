@@ -116,8 +116,8 @@ class VitalProductDataHeaderX {
   // The 8 characters of the field, blanks included.
   String getReplaceableUnitName() const;
   // The first 8 of the value's hexadecimal digits; an odd number of digits counts as preceded by a 0. With fewer than
-  // 7 digits, or a character that is none, the field stays and a line on standard error says so. A load ID other than
-  // zeros sets the load-ID-present flag; nothing clears it.
+  // 7 digits, or a character that is not one, the field stays and a line on standard error says so. A load ID other
+  // than zeros sets the load-ID-present flag; nothing clears it.
   void setReplaceableUnitLoadId(const String& value);
   // Flags: "Y" sets, "N" clears, any other value changes nothing.
   void setReplaceableUnitChangeLid(const String& value);
@@ -141,9 +141,9 @@ class VitalProductDataHeaderX {
   void setSystemSpecificDataOffset();
   size_t getSystemSpecificDataOffset() const;
   void setProductId(const String& value);
-  // "MCG" or "LPP"; returns 0, or 44 for any other value, which changes nothing.
+  // "MCG" or "LPP"; any other value changes nothing and returns badSoftwareType.
   int setSoftwareType(const String& value);
-  // "Y" or "N"; each returns 0, or 45 and 46 for any other value, which changes nothing.
+  // "Y" or "N"; any other value changes nothing and returns badDevelopedBy or badDevelopedFor.
   int setDevelopedByVelmor(const String& value);
   int setDevelopedForVelmor(const String& value);
   void setDevelopementLabId(const String& value);
