@@ -1,6 +1,5 @@
 // Whole runs: the output file byte for byte, and for each return code the whole of standard error.
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <filesystem>
 
@@ -216,8 +215,8 @@ TEST(Codes, AFileThatIsMissingOrUnfitEndsTheRun)
     fs::create_symlink(target, folder / name);
   };
   const std::tuple<int, void (*)(const Part&), std::string> rows[] = {
-      {32, [](const Part& folder) { truncate((folder / "part.kesp").c_str(), 4294966696); }, noLength},
-      {33, [](const Part& folder) { truncate((folder / "part.kesp").c_str(), 4294967296); }, noLid},
+      {32, [](const Part& folder) { fs::resize_file(folder / "part.kesp", 4294966696); }, noLength},
+      {33, [](const Part& folder) { fs::resize_file(folder / "part.kesp", 4294967296); }, noLid},
       {33, [](const Part& folder) { fs::remove(folder / "part.kesp"); }, noLid},
       {33, [](const Part& folder) { fs::remove(folder / "part.kesp"), fs::create_directory(folder / "part.kesp"); },
        noLid},
