@@ -4,6 +4,12 @@
 
 #include "foundation/Allocate.h"
 
+namespace {
+
+constexpr unsigned int readStep = 256;
+
+}  // namespace
+
 // Runs a read; memory that cannot be had for what it brings is a failure of the stream.
 template <class Read>
 void ReadStream::guard(Read readIt)
@@ -44,24 +50,25 @@ unsigned int ReadStream::readUpTo(unsigned char* p, unsigned int n)
   return static_cast<unsigned int>(stream->gcount());
 }
 
+void ReadStream::appendTo(ByteString& b, unsigned int n)
+{
+  guard([&] {
+    const unsigned int got = readUpTo(b.extend(n), n);
+    b.remove(b.length() - (n - got), n - got);
+  });
+}
+
 ReadStream& ReadStream::getByteString(ByteString& b, unsigned int n)
 {
-  constexpr unsigned int step = 256;
   b.clear();
-  while (b.length() < n && !endOfFile()) {
-    const unsigned int wanted = MIN(step, n - b.length());
-    guard([&] {
-      const unsigned int got = readUpTo(b.extend(wanted), wanted);
-      b.remove(b.length() - (wanted - got), wanted - got);
-    });
-  }
+  while (b.length() < n && !endOfFile()) appendTo(b, MIN(readStep, n - b.length()));
   return *this;
 }
 
 ReadStream& ReadStream::getByteString(ByteString& b)
 {
-  getByteString(b, MaximumLength);
-  if (!endOfFile()) setFailure();
+  b.clear();
+  while (!endOfFile()) appendTo(b, readStep);
   return *this;
 }
 

@@ -48,4 +48,5 @@ class ReadStream {
  private:
   template <class Read>
   void guard(Read readIt);
+  void appendTo(ByteString& b, unsigned int n);
 };

@@ -5,6 +5,7 @@
 #include <set>
 #include <tuple>
 
+#include "driver/Kelvra.h"
 #include "tests/TestSupport.h"
 
 namespace {
@@ -113,6 +114,8 @@ TEST(CommandLine, FaultsAndNamesThatLeadNowhereEndInTheirCodeAndMakeNoFile)
       {34,
        kPart + "Error in writing output (.ruh) file.\n",
        {{"-l", "part", "-o", "dir/"}, {"-l", "part", "-o", "dir"}, {"-l", "part", "-o", "no/x"}}}};
+  char* nothing[] = {nullptr};
+  EXPECT_EQ(Kelvra().parseParams(0, nothing), 30);
   for (const auto& [status, err, commandLines] : rows) {
     for (const Words& arguments : commandLines) {
       Check(TemporaryFolder(), {"part.kesp", "dir/.kesp", "empty/"}, arguments, status, err);
