@@ -313,8 +313,15 @@ String& String::substitute(const String& from, const String& to)
   return *this;
 }
 
+// The conversion of the format, not the type of the value, says whether its 32 bits have a sign.
+String& String::format(const char* form, std::uint32_t bits)
+{
+  return IsSignedConversion(form) ? print(form, long{static_cast<std::int32_t>(bits)})
+                                  : print(form, static_cast<unsigned long>(bits));
+}
+
 template <class Number>
-String& String::format(const char* form, Number value)
+String& String::print(const char* form, Number value)
 {
   const int needed = std::max(std::snprintf(nullptr, 0, form, value), 0);
   PreAllocatedString text(static_cast<unsigned int>(needed));
@@ -324,21 +331,13 @@ String& String::format(const char* form, Number value)
   return *this;
 }
 
-String& String::itoa(int value, const char* form) { return format(form, value); }
+String& String::itoa(int value, const char* form) { return format(form, static_cast<std::uint32_t>(value)); }
 
 String& String::uitoa(unsigned int value, const char* form) { return format(form, value); }
 
-// The conversion of the format, not the type of the value, says whether its 32 bits have a sign.
-String& String::ltoa(long value, const char* form)
-{
-  return IsSignedConversion(form) ? format(form, long{Low32(value)}) : ultoa(static_cast<unsigned long>(value), form);
-}
+String& String::ltoa(long value, const char* form) { return format(form, Low32(static_cast<unsigned long>(value))); }
 
-String& String::ultoa(unsigned long value, const char* form)
-{
-  if (IsSignedConversion(form)) return ltoa(static_cast<long>(value), form);
-  return format(form, static_cast<unsigned long>(Low32(value)));
-}
+String& String::ultoa(unsigned long value, const char* form) { return format(form, Low32(value)); }
 
 int String::AtoI(int base) const
 {

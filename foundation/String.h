@@ -115,8 +115,9 @@ class String {
   void store(const char* p, unsigned int n);
   String& assignText(const char* p, unsigned int n);
   String& insertText(unsigned int position, const char* p, unsigned int n);
+  String& format(const char* form, std::uint32_t bits);
   template <class Number>
-  String& format(const char* form, Number value);
+  String& print(const char* form, Number value);
   void swap(String& other);
 
   char* buffer;           // never null; `len` characters and a NUL

@@ -51,7 +51,7 @@ TEST(StringTest, EditsKeepNulsAndCutTheirRanges)
   EXPECT_EQ(Whole(S("old").itoa(7, (std::string(300, 'x') + "%d").c_str())), std::string(300, 'x') + "7");
   EXPECT_EQ(Whole(S("").uitoa(UINT_MAX, "%u ") + S("").ltoa(4294967291L, "%ld")), "4294967295 -5");
   EXPECT_EQ(Whole(S("").ultoa(0xABCDEF00000012UL, "%lu") + S("").ltoa(-1, "%% %#lx")), "18% 0xffffffff");
-  EXPECT_EQ(Whole(S("").ultoa(4294967295, "%ld") + S("").ltoa(-1, "%03li")), "-1-01");
+  EXPECT_EQ(Whole(S("").ultoa(4294967295, "%ld") + S("").itoa(-1, "%03li")), "-1-01");
   EXPECT_EQ(Whole(S("xaabby").substitute("ab", "")), "xy");
   EXPECT_EQ(Whole(S("b.b").substitute("b", "a").substitute("", "x")), "a.a");
   EXPECT_EQ(Whole(S("aab").substitute("a", "aa")), "aaaab");
