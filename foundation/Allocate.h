@@ -4,6 +4,8 @@
 
 #include <cstdint>
 #include <cstring>
+#include <memory>
+#include <new>
 
 #include "foundation/BasicTypes.h"
 
@@ -27,22 +29,18 @@ void MoveBytes(Byte* to, const Byte* from, unsigned int n)
   if (n != 0) std::memmove(to, from, n);
 }
 
-// n bytes, contents undefined.
-[[nodiscard]] void* AllocateBlock(unsigned int n);
-void DeAllocateBlock(void* block);
-
 // A new array of n bytes, contents undefined, to be freed with DeAllocate. Byte is char or unsigned char.
 template <class Byte = char>
 [[nodiscard]] Byte* Allocate(unsigned int n)
 {
-  return static_cast<Byte*>(AllocateBlock(n));
+  return static_cast<Byte*>(::operator new(n));
 }
 
 // Frees the array; null is allowed.
 template <class Byte>
 void DeAllocate(Byte* p)
 {
-  DeAllocateBlock(p);
+  ::operator delete(p);
 }
 
 // A new array of newSize bytes that begins with the first oldSize bytes of p; p, which may be null, is freed.
@@ -63,17 +61,14 @@ class SteadyBytes {
   SteadyBytes(const Byte* p, unsigned int n, const Byte* block, unsigned int size) : bytes(p)
   {
     if (reinterpret_cast<std::uintptr_t>(p) - reinterpret_cast<std::uintptr_t>(block) >= size) return;
-    copy = Allocate<Byte>(n);
-    MoveBytes(copy, p, n);
-    bytes = copy;
+    copy = std::make_unique_for_overwrite<Byte[]>(n);
+    MoveBytes(copy.get(), p, n);
+    bytes = copy.get();
   }
-  ~SteadyBytes() { DeAllocate(copy); }
-  SteadyBytes(const SteadyBytes&) = delete;
-  SteadyBytes& operator=(const SteadyBytes&) = delete;
 
   const Byte* get() const { return bytes; }
 
  private:
   const Byte* bytes;
-  Byte* copy = nullptr;
+  std::unique_ptr<Byte[]> copy;
 };

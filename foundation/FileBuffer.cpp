@@ -119,9 +119,6 @@ std::streamsize FileReadBuffer::xsgetn(char* p, std::streamsize n)
 FileReadBuffer::pos_type FileReadBuffer::seekoff(off_type offset, std::ios_base::seekdir from, std::ios_base::openmode)
 {
   const off_t buffered = egptr() - gptr();
-  if (from == std::ios_base::cur && offset == 0) {  // where the reader is; pipes have no position to ask for
-    return isOpen() ? pos_type(readEnd - buffered) : pos_type(off_type(-1));
-  }
   const off_t target = from == std::ios_base::cur ? readEnd - buffered + offset : offset;
   const off_t reached = file.seek(target, from == std::ios_base::end ? SEEK_END : SEEK_SET);
   if (reached < 0) return pos_type(off_type(-1));

@@ -12,6 +12,7 @@ FileStatus::FileStatus(const String& name) : error(ENOENT)
 {
   if (HoldsNul(name)) return;
   error = Uninterrupted([&] { return ::stat(name, &status); }) == 0 ? 0 : errno;
+  if (error == EACCES) error = ENOENT;  // the name leads this user to no file
 }
 
 boolean HoldsNul(const String& name) { return std::strlen(name) != name.length(); }

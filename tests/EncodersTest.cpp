@@ -29,6 +29,7 @@ TEST(AsciiEbcdicTest, BothTablesTranslateEveryCode)
 static void ExpectField(const DataType& encoder, unsigned int width, const std::string& hex, bool lost)
 {
   SCOPED_TRACE("\"" + hex + "\" in " + std::to_string(width));
+  EXPECT_TRUE(encoder.valid());
   for (boolean modified : {false, true}) {
     EXPECT_EQ(Hex(encoder.toModifiedByteString(width, modified)), hex);
     EXPECT_EQ(modified, lost);

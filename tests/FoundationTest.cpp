@@ -78,6 +78,7 @@ TEST(ApplicationTest, KeepsItsNameAndVersion)
   tool.setMinorVersion(tool.getMinorVersion() + 2);
   EXPECT_EQ(Text(tool.getName()), "ab");
   EXPECT_EQ(tool.getMajorVersion(), 3U);
+  EXPECT_EQ(tool.readInitFile(), 0);
   EXPECT_EQ(tool.getMinorVersion(), 2U);
 }
 
@@ -115,6 +116,9 @@ TEST(AssertionDeathTest, IndexesAndPositionsAfterTheEndEndTheProgramWithTheirLin
     EXPECT_EXIT(call(), testing::KilledBySignal(SIGABRT),
                 "^[A-Za-z]*String:[0-9]+: .*String::.*: Assertion `" + expression + "' failed\\.\n$");
   }
+  EXPECT_DEATH(Path("a:b").remove("c"), "Path:[0-9]+: .*`includes\\(library\\)' failed");
+  EXPECT_DEATH(PathIterator(Path("::")).get(), "Path:[0-9]+: .*::get .*`valid\\(\\)' failed");
+  EXPECT_DEATH(PathIterator(Path("::")).next(), "Path:[0-9]+: .*::next .*`valid\\(\\)' failed");
   EXPECT_DEATH(s[-1] = 'x', "^String:[0-9]+: char &String::operator\\[\\] \\(int\\): ");
 }
 

@@ -59,6 +59,8 @@ TEST(RecordsTest, TextsAndNumbersFillTheirFieldsAndComeBack)
   vpd.setReplaceableUnitLoadId("00000000");
   EXPECT_EQ(Text(vpd.getReplaceableUnitName()), "ABC     ");
   EXPECT_EQ(vpd.getVPDRULength(), 0x01020304U);
+  vpd.setVitalProductDataBodyOffset();
+  EXPECT_EQ(vpd.getVitalProductDataBodyOffset(), 208U);
   EXPECT_EQ(Hex(vpd.getByteString()(56, 4)), "00 00 00 00");
   S ssd(ByteString(64, 0xAA));
   for (const char* name : {"LONGNAME9", "abc", ""}) ssd.setReplaceableUnitName(name);

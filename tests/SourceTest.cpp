@@ -87,5 +87,6 @@ TEST(MapStringStringDeathTest, BrokenPreconditionsNameTheirLine)
   EXPECT_DEATH(map.add("A", ""), "SPAOption:19: .*Assertion `!includes\\(key\\)' failed\\.");
   EXPECT_DEATH(map.remove("B"), "SPAOption:19: .*Assertion `includes\\(key\\)' failed\\.");
   EXPECT_DEATH(map.replace("B", ""), "SPAOption:19: .*Assertion `node != 0' failed\\.");
+  EXPECT_DEATH(std::as_const(map).get("B"), "SPAOption:19: const .*Assertion `node != 0' failed\\.");
   EXPECT_DEATH(map.get("B"), "SPAOption:19: .*Assertion `node != 0' failed\\.");
 }

@@ -82,6 +82,18 @@ TEST(ReadStreamTest, FailureComesOfReadingBeyondMemoryOrTheEndAndGoesWithoutTheE
   EXPECT_EQ(in.rdstate(), ios::failbit);
 }
 
+TEST(ReadFileStreamTest, WhatIsBufferedComesBeforeWhatIsReadDirectly)
+{
+  const TemporaryFolder folder;
+  std::string content(9000, '\0'), rest(10000, '\0');
+  for (size_t i = 0; i < content.size(); i++) content[i] = static_cast<char>(i * 7);
+  ReadFileStream stream(Name(folder.write("file", content)), ios::in);
+  stream.getChar();
+  EXPECT_EQ(stream.readUpTo(reinterpret_cast<unsigned char*>(rest.data()), 10000), 8999U);
+  EXPECT_TRUE(rest.starts_with(content.substr(1)));
+  EXPECT_FALSE(stream.failure());
+}
+
 TEST(ReadStreamTest, ALineLongerThanTheLimitIsAFailure)
 {
   for (const auto& [line, fails] : {std::pair("12345\n", false), {"12345", false}, {"123456\n", true}}) {

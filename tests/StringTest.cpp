@@ -86,6 +86,9 @@ TEST(StringTest, GrowthAddsTheOldBlockToTheRequest)
   s.assign("123456789012", 12).remove(4, 8).insert(0, "abcdefgh").clear();
   EXPECT_EQ(P(s += "123456789012"), block);
   EXPECT_NE(P(s += 'x'), block);
+  String assigned("ab");
+  assigned = "longer than it was";
+  EXPECT_EQ(Whole(assigned += "!"), "longer than it was!");
 }
 
 TEST(StringTest, NumbersSaturateAtThirtyTwoBitsInEveryBase)

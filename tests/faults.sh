@@ -30,7 +30,9 @@ rules='@(LID|probe)             @(open*|read)        EACCES,EIO,ENOMEM         3
        RUVPD                    read                 EIO,ENOMEM                51
        VPDINFO                  open*                EACCES,EIO,ENOMEM         60
        VPDINFO                  read                 EIO,ENOMEM                61
-       @(*again|RUVPD|VPDINFO|output)  ?(f)stat      EACCES,EIO,ENOMEM         look
+       @(*again|RUVPD|VPDINFO|output)  fstat         EACCES,EIO,ENOMEM         look
+       @(RUVPD|VPDINFO)         stat                 EIO,ENOMEM                look
+       @(RUVPD|VPDINFO)         stat                 EACCES                    same
        output                   @(open*|?(f)trunc*)  EACCES,EIO,ENOMEM,ENOSPC  34
        output                   write                EIO,ENOSPC                cut
        stderr                   write                EIO,ENOSPC                mute
