@@ -122,7 +122,7 @@ int CreateHeader(Kelvra* app)
   CautiousWriteFileStream out(app->outputFile);
   if (out.failure()) return outputNotWritten;
   if (!out.isNew()) {
-    if (IsKept(out.status(), lid, builder.sourceFiles())) return outputNotWritten;
+    if (IsKept(out.status(), *app, lid, builder.sourceFiles())) return outputNotWritten;
     out.empty();
     if (out.failure()) return outputNotWritten;
   }

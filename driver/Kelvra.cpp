@@ -60,11 +60,13 @@ void DefaultFrom(const FileName& lid, FileName& file, const char* extension)
 }
 
 // A name without extension stands for itself when such a file opens, else for the name with the extension.
-void CompleteExtension(FileName& file, const char* extension)
+void CompleteExtension(Kelvra& app, FileName& file, const char* extension)
 {
   if (!file.getExtension().empty()) return;
   const ReadFileStream probe(file, std::ios_base::in);
-  if (probe.failure()) file.setExtension(extension);
+  if (!probe.failure()) return;
+  app.passedOver.push_back(file);
+  file.setExtension(extension);
 }
 
 }  // namespace
@@ -99,8 +101,8 @@ int Parse(Kelvra* app, int argc, char** argv)
   if (app->lidFile.getSource().empty()) return parameterMissing;
   DefaultFrom(app->lidFile, app->ruvpdFile, "lidhdr");
   DefaultFrom(app->lidFile, app->outputFile, "ruhx");
-  CompleteExtension(app->lidFile, "kesp");
-  CompleteExtension(app->ruvpdFile, "lidhdr");
+  CompleteExtension(*app, app->lidFile, "kesp");
+  CompleteExtension(*app, app->ruvpdFile, "lidhdr");
   return success;
 }
 

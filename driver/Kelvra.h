@@ -1,6 +1,8 @@
 // The tool's application object: its three files and the conversation with the user.
 #pragma once
 
+#include <vector>
+
 #include "foundation/Application.h"
 #include "foundation/FileName.h"
 
@@ -22,6 +24,8 @@ class Kelvra : public Application {
   FileName ruvpdFile;   // the RUVPD source
   FileName lidFile;     // the load module
   FileName outputFile;  // the file to be written
+  // Names without extension as they were given, which did not open: the files above have an extension instead.
+  std::vector<FileName> passedOver;
 };
 
 // What parseParams and showUsage do.

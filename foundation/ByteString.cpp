@@ -254,9 +254,7 @@ ByteString ByteString::FromBinaryString(const String& text, boolean padLeft)
 
 ByteString operator+(const ByteString& a, const ByteString& b)
 {
-  ByteString joined;
-  joined.reSize(AddLengths(a.length(), b.length()));
-  joined += a;
+  ByteString joined(a);
   joined += b;
   return joined;
 }

@@ -141,9 +141,14 @@ FileWriteBuffer::FileWriteBuffer(const String& name, int mode)
 
 FileWriteBuffer::FileWriteBuffer(const String& name, AsItStands)
 {
-  const int error = file.open(name, O_WRONLY | O_CREAT | O_EXCL);
-  created = error == 0;
-  if (error == EEXIST && file.open(name, O_WRONLY | O_CREAT) == 0) oldStatus = file.status();
+  int error = file.open(name, O_WRONLY | O_CREAT | O_EXCL);
+  if (error == EEXIST) {
+    error = file.open(name, O_WRONLY);
+    if (error == 0) oldStatus = file.status();
+    created = error == ENOENT && file.open(name, O_WRONLY | O_CREAT) == 0;  // a link that led nowhere
+  } else {
+    created = error == 0;
+  }
   setp(block.data(), block.data() + block.size());
 }
 

@@ -25,14 +25,14 @@ cases='part.kesp     600  nothing
 #   cut   and the output may end early
 #   mute  without the line that was to be written
 rules='@(LID|probe)             @(open*|read)        EACCES,EIO,ENOMEM         33
-       LID                      ?(f)stat             EACCES,EIO,ENOMEM         32
+       LID                      fstat                EACCES,EIO,ENOMEM         32
        RUVPD                    open*                EACCES,EIO,ENOMEM         50
        RUVPD                    read                 EIO,ENOMEM                51
        VPDINFO                  open*                EACCES,EIO,ENOMEM         60
        VPDINFO                  read                 EIO,ENOMEM                61
        @(*again|RUVPD|VPDINFO|output)  fstat         EACCES,EIO,ENOMEM         look
-       @(RUVPD|VPDINFO)         stat                 EIO,ENOMEM                look
-       @(RUVPD|VPDINFO)         stat                 EACCES                    same
+       @(LID|RUVPD|VPDINFO)     stat                 EIO,ENOMEM                look
+       @(LID|RUVPD|VPDINFO)     stat                 EACCES                    same
        output                   @(open*|?(f)trunc*)  EACCES,EIO,ENOMEM,ENOSPC  34
        output                   write                EIO,ENOSPC                cut
        stderr                   write                EIO,ENOSPC                mute

@@ -33,18 +33,37 @@ else
   echo "skipped: no overlay mount here"
 fi
 
-# A source that this user may write but not read.
+# A source that this user may write but not read; the second one is passed over for part.lidhdr.
 inputs unread
-echo ':RUFLASH.Y' >unread/unit.pfginfo
-chmod 222 unread/unit.pfginfo
-run=("$tool" -l unread/part.kesp -r unread/unit.pfginfo -o unread/unit.pfginfo)
-if [ "$(id -u)" != 0 ]; then
-  refused "unread source" unread/unit.pfginfo "${run[@]}"
-elif setpriv --reuid=65534 --clear-groups "$tool" 2>&1 | grep -q Usage; then
-  refused "unread source" unread/unit.pfginfo setpriv --reuid=65534 --clear-groups "${run[@]}"
+user=()
+[ "$(id -u)" != 0 ] || user=(setpriv --reuid=65534 --clear-groups)
+if "${user[@]}" "$tool" 2>&1 | grep -q Usage; then
+  for source in unread/unit.pfginfo unread/part; do
+    echo ':RUFLASH.Y' >$source
+    chmod 222 $source
+    refused "unread source" $source "${user[@]}" "$tool" -l unread/part.kesp -r $source -o $source
+  done
 else
   echo "skipped: no other user here"
 fi
+
+# A LID that another file replaces while the run waits for a source.
+inputs renamed
+rm renamed/qel.vpdinfo
+mkfifo renamed/qel.vpdinfo
+echo NEWER >renamed/new
+{ sleep 0.3; mv renamed/new renamed/part.kesp; echo >renamed/qel.vpdinfo; } &
+"$tool" -l renamed/part.kesp -o renamed/part.kesp 2>/dev/null
+code=$?
+wait
+[ "$code,$(cat renamed/part.kesp)" = 34,NEWER ] || { failed=1 && echo "renamed LID: code $code"; }
+
+# A link that leads nowhere is a new output, also where it leads to a source that is missing.
+inputs nowhere
+ln -s none.pfginfo nowhere/part.ruhx
+"$tool" -l nowhere/part.kesp -r nowhere/none.pfginfo -o nowhere/part.ruhx 2>/dev/null
+code=$?
+[ "$code,$(wc -c <nowhere/part.ruhx)" = 0,605 ] || { failed=1 && echo "link to nowhere: code $code"; }
 
 # The regular file behind standard error or standard output; the messages are all that comes into it.
 inputs behind
