@@ -156,9 +156,9 @@ ByteString& ByteString::insertBytes(unsigned int position, const unsigned char* 
 {
   const SteadyBytes<unsigned char> inserted(p, n, buffer, capacity);
   const unsigned int tail = len - position;
-  extend(n);
-  MoveBytes(buffer + position + n, buffer + position, tail);
-  MoveBytes(buffer + position, inserted.get(), n);
+  unsigned char* const place = extend(n) - tail;
+  MoveBytes(place + n, place, tail);
+  MoveBytes(place, inserted.get(), n);
   return *this;
 }
 

@@ -178,9 +178,9 @@ void ExpectFailure(const Part& folder, int status, const std::string& err, const
 TEST(Codes, ARefusedValueIsTheFirstInTheOrderOfTheKeywords)
 {
   const std::string inSource = " value in the RUVPD source file", is = inSource + " is ";
-  const std::string inInfo = " value in the VPDINFO source file.\n";
+  const std::string inInfo = " value in the VPDINFO source file.\n" + kFailed;
   const auto refused = [&](const std::string& field, const std::string& value) {
-    return field + value + ".\nInvalid " + field + inSource + ".\n";
+    return kBoth + field + value + ".\nInvalid " + field + inSource + ".\n" + kFailed;
   };
   const struct {
     int status;
@@ -191,16 +191,16 @@ TEST(Codes, ARefusedValueIsTheFirstInTheOrderOfTheKeywords)
       {39, ":RUDEST.nuc1\n:LLBYPASS.", "", refused("RU Destination", is + "nuc1")},
       {41, ":LLBYPASS.\n:DELETERU.no", "", refused("Link/loader Bypass", is)},
       {42, ":DELETERU.no\n:SSDMODEL.x", "", refused("Delete RU", is + "no")},
-      {44, ":RUDEST.x\n:DEVELBY.n\n:SWRTYPE.mcg", "", "Invalid Software Type" + inInfo},
-      {45, "", ":DEVELFOR.no\n:DEVELBY.n", "Invalid Developed By Velmor" + inInfo},
-      {46, "", ":DEVELFOR.no", "Invalid Developed For Velmor" + inInfo},
+      {44, ":RUDEST.x\n:DEVELBY.n\n:SWRTYPE.mcg", "", kBoth + "Invalid Software Type" + inInfo},
+      {45, "", ":DEVELFOR.no\n:DEVELBY.n", kBoth + "Invalid Developed By Velmor" + inInfo},
+      {46, "", ":DEVELFOR.no", kBoth + "Invalid Developed For Velmor" + inInfo},
       {47, ":LLFLAG.X", "", refused("Online Link/Loadable Flag", " is X")},
   };
   for (const auto& row : rows) {
     const Part folder;
     folder.write("part.lidhdr", row.source);
     folder.write("qel.vpdinfo", row.info);
-    ExpectFailure(folder, row.status, kBoth + row.lines + kFailed);
+    ExpectFailure(folder, row.status, row.lines);
   }
 }
 
@@ -209,11 +209,6 @@ TEST(Codes, AFileThatIsMissingOrUnfitEndsTheRun)
   const std::string noLid = "Error in reading object file.\n", noLength = "Error in getting file length of RU.\n";
   const std::string noSource = "File name is part.lidhdr.\nUnable to open RUVPD source file for input.\n" + kFailed;
   const std::string noInfo = ".vpdinfo.\nUnable to open VPDINFO source file for input.\n" + kFailed;
-  const std::string memory = "/proc/self/mem";  // opens, and does not read
-  const auto linked = [](const Part& folder, const std::string& name, const std::string& target) {
-    fs::remove(folder / name);
-    fs::create_symlink(target, folder / name);
-  };
   const std::tuple<int, void (*)(const Part&), std::string> rows[] = {
       {32, [](const Part& folder) { fs::resize_file(folder / "part.kesp", 4294966696); }, noLength},
       {33, [](const Part& folder) { fs::resize_file(folder / "part.kesp", 4294967296); }, noLid},
@@ -234,15 +229,19 @@ TEST(Codes, AFileThatIsMissingOrUnfitEndsTheRun)
     prepare(folder);
     ExpectFailure(folder, status, lines);
   }
-  for (const auto& [name, target, status, lines] :
-       {std::tuple("part.kesp", "/dev/zero"s, 32, noLength),
-        {"part.kesp", memory, 33, noLid},
-        {"part.lidhdr", memory, 51,
-         "File name is part.lidhdr.\n" + kRead + "Error reading RUVPD source file.\n" + kFailed},
-        {"qel.vpdinfo", memory, 61,
-         kRead + "File name is qel.vpdinfo.\n" + kInfo + "Error reading VPDINFO source file.\n" + kFailed}}) {
+  const std::string notRead = "Error reading RUVPD source file.\n",
+                    infoNotRead = "Error reading VPDINFO source file.\n";
+  const std::string memory = "/proc/self/mem";  // opens, and does not read
+  const std::tuple<std::string, std::string, int, std::string> links[] = {
+      {"part.kesp", "/dev/zero", 32, noLength},
+      {"part.kesp", memory, 33, noLid},
+      {"part.lidhdr", memory, 51, "File name is part.lidhdr.\n" + kRead + notRead + kFailed},
+      {"qel.vpdinfo", memory, 61, kRead + "File name is qel.vpdinfo.\n" + kInfo + infoNotRead + kFailed},
+  };
+  for (const auto& [name, target, status, lines] : links) {
     const Part folder;
-    linked(folder, name, target);
+    fs::remove(folder / name);
+    fs::create_symlink(target, folder / name);
     ExpectFailure(folder, status, lines);
   }
 }
