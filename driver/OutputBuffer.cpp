@@ -35,10 +35,8 @@ unsigned char* AllocateForOutput(std::size_t length)
 }  // namespace
 
 OutputBuffer::OutputBuffer(unsigned int frontLength, unsigned int lidLength)
-    : lidOffset(frontLength), length(frontLength + lidLength), block(AllocateForOutput(length))
+    : lidOffset(frontLength), length(frontLength + lidLength), block(AllocateForOutput(length), std::free)
 {}
-
-void OutputBuffer::Free::operator()(unsigned char* memory) const { std::free(memory); }
 
 unsigned int OutputBuffer::readLid(ReadStream& in) { return in.readUpTo(block.get() + lidOffset, length - lidOffset); }
 

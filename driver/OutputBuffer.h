@@ -26,11 +26,7 @@ class OutputBuffer {
   void write(WriteStream& out) const;
 
  private:
-  struct Free {
-    void operator()(unsigned char* memory) const;
-  };
-
   unsigned int lidOffset;
   unsigned int length;
-  std::unique_ptr<unsigned char, Free> block;
+  std::unique_ptr<unsigned char, void (*)(void*)> block;
 };

@@ -60,9 +60,10 @@ TEST(ByteStringTest, BytesNibblesAndBitsCountFromTheMostSignificantEnd)
   b.init(0xc3);
   b.setNthNibble(0, 0xe2);
   b.setNthNibble(3, 0x15);
+  b.setNthNibble(2, 9);
   b.setNthBit(3, true);
   b.setNthBit(8, false);
-  EXPECT_EQ(Hex(b), "33 45");
+  EXPECT_EQ(Hex(b), "33 15");
 }
 
 TEST(ByteStringTest, DigitTextsFillBytesFromTheSideThatIsNotPadded)

@@ -25,7 +25,7 @@ static std::string InFileOrder(KespHeader header)
 static void SetAll(KespHeader& header)
 {
   char date[] = "202411302201x", updated[] = "203812150846";
-  String number = "5A6B7C8D9";
+  String number = "5A6B7C8D";
   ByteString phylum = Bytes("F1F2F3F4F5");
   header.setLidNumber(number);
   header.setLidDateTime(date);
@@ -48,7 +48,7 @@ TEST(KespHeaderTest, NewHeaderHoldsItsDefaultsAndFitValuesFillTheirFields)
   char eleven[] = "20240115123";
   header.setLidDateTime(eleven);
   header.setLidUpdateTime(eleven);
-  for (String number : {"", "1234567", "1234567G"}) header.setLidNumber(number);
+  for (String number : {"5A6B7C8D9", "", "1234567", "1234567G"}) header.setLidNumber(number);
   EXPECT_EQ(InFileOrder(header), Hex(Raw("02220003" + kSetNumbers + "0000006D 15010040") + std::string(64, 'i') +
                                      Raw("203812150846 0005 F1F2F3F4F5")));
   header.setLidInfo("ab");

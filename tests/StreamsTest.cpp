@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <filesystem>
 #include <sstream>
 
 #include "foundation/FileStreams.h"
@@ -64,6 +65,7 @@ TEST(ReadFileStreamTest, WhatCannotBeReadIsAFailureAndGivesNothing)
     EXPECT_TRUE(stream.getByteString(bytes).failure()) << name;
     EXPECT_EQ(Hex(bytes), "") << name;
   }
+  EXPECT_FALSE(ReadFileStream(Name("/proc/self/exe"), ios::in).failure());  // nobody may write it
 }
 
 TEST(ReadStreamTest, FailureComesOfReadingBeyondMemoryOrTheEndAndGoesWithoutTheEnd)
@@ -183,6 +185,8 @@ TEST(CautiousWriteFileStreamTest, AnOldFileStaysUntilItIsEmptied)
     EXPECT_EQ(folder.read("file"), after);
   }
   EXPECT_TRUE(CautiousWriteFileStream(Name(folder / "new")).isNew());
+  std::filesystem::create_symlink("none", folder / "link");
+  EXPECT_TRUE(CautiousWriteFileStream(Name(folder / "link")).isNew());
 }
 
 TEST(WriteFileStreamTest, AFullFileFailsAtTheFlush)
