@@ -38,20 +38,18 @@ struct AssertingFunction {
     while (*word != '\0' && *word == *rest) word++, rest++;
     return *word == '\0' ? rest : signature;
   }
-  // Whether the two are equal but for blanks and what a definition does not repeat.
+  // Whether the text is the signature as the fixed texts write it: a blank before "(", and before "&" and "*" instead
+  // of after them; without what a definition does not repeat.
   static consteval boolean IsSignature(const char* text, const char* signature)
   {
     signature = Without("virtual ", Without("static ", signature));
-    while (*text != '\0' || *signature != '\0') {
-      if (*text == ' ') {
-        text++;
-      } else if (*signature == ' ') {
-        signature++;
-      } else if (*text++ != *signature++) {
-        return false;
-      }
+    for (; *signature != '\0'; signature++) {
+      const boolean isMark = *signature == '&' || *signature == '*';
+      if ((isMark || *signature == '(') && *text++ != ' ') return false;
+      if (*text++ != *signature) return false;
+      if (isMark && signature[1] == ' ') signature++;
     }
-    return true;
+    return *text == '\0';
   }
   // Whether "::", the name and " (" stand in the text.
   static consteval boolean HoldsName(const char* text, const char* name)

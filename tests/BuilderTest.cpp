@@ -38,18 +38,6 @@ TEST_F(BuilderTest, CodeThatNoBuildReturnsPrintsItsLineOrNothing)
   }
 }
 
-TEST_F(BuilderTest, FaultOfAnEarlierKeywordIsReportedInsteadAndLeavesNoHeader)
-{
-  const std::tuple<const char*, const char*, int> lastToFirst[] = {
-      {"LLFLAG", "", 47}, {"ALLOWBKP", "", 37},   {"SSDMODEL", "", 36}, {"DELETERU", "", 42},  {"LLBYPASS", "", 41},
-      {"RUDEST", "", 39}, {"DEVELFOR", "no", 46}, {"DEVELBY", "n", 45}, {"SWRTYPE", "mcg", 44}};
-  for (const auto& [keyword, value, code] : lastToFirst) {
-    SPAOption::SetStringValue(keyword, value);
-    EXPECT_EQ(Build("part.lidhdr", code).length(), 0U) << keyword;
-  }
-  EXPECT_EQ(Build("LONGNAME9.lidhdr", 48).length(), 0U);
-}
-
 TEST_F(BuilderTest, EmptyValueOfTheVpdHeaderIsIgnoredButForTheFunctionGroups)
 {
   for (const char* keyword : {"RULOADID", "RUPFGID", "RUSFGID", "PRODUCTID", "SWRTYPE", "DEVELBY", "DEVELFOR",
