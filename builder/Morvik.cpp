@@ -58,9 +58,8 @@ constexpr ReportedSource reportedSources[] = {
     {"vpdinfo", vpdinfoNotOpened, vpdinfoNotRead, "vpdinfo File is "},
 };
 
-const ReportedSource* FindReported(const FileName& file)
+const ReportedSource* FindReported(const String& extension)
 {
-  const String extension = file.getExtension();
   const auto* row = std::find_if(std::begin(reportedSources), std::end(reportedSources),
                                  [&](const ReportedSource& source) { return extension == source.extension; });
   return row != std::end(reportedSources) ? row : nullptr;
@@ -103,7 +102,7 @@ int Morvik::morvikExecute()
     if (const int code = openSource(vpdinfoSource, restricted)) return code;
   } else {
     if (const int code = openSource(ruvpdSource, restricted)) return code;
-    vpdinfoSource = vpdinfoName();
+    vpdinfoSource = givenVpdinfo.isValid() ? givenVpdinfo : vpdinfoName();
     restricted = true;
     if (const int code = openSource(vpdinfoSource, restricted)) return code;
   }
@@ -122,7 +121,8 @@ FileName Morvik::vpdinfoName() const
 int Morvik::openSource(FileName& file, boolean& restricted)
 {
   sourceProgram.reset();
-  const ReportedSource* reported = FindReported(file);
+  const boolean isGiven = restricted && givenVpdinfo.isValid();
+  const ReportedSource* reported = FindReported(isGiven ? String("vpdinfo") : file.getExtension());
   ReadFileStream stream(file, std::ios_base::in);
   sources.push_back({file, stream.failure() ? FileStatus(file.getSource()) : stream.status()});
   if (stream.failure()) {

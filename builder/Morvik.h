@@ -23,6 +23,9 @@ class Morvik {
   // Takes the main source's full name, the RU date (8 decimal digits, year month day) and the RU time (6 decimal
   // digits, hours minutes seconds). Returns 0, or badFileName, badDate or badTime, looked for in this order.
   int morvikParse(String source, String date, String time);
+  // Has morvikExecute read this file as the VPDINFO source, in place of the one beside the RUVPD source. It is read and
+  // reported as such whatever its extension. Without effect when the main source is read alone.
+  void setVpdinfoSource(const FileName& file) { givenVpdinfo = file; }
   // Reads the sources and builds the header block, after a morvikParse that returned 0. Returns 0 or the error's code;
   // after an error there is no header.
   int morvikExecute();
@@ -53,6 +56,7 @@ class Morvik {
   String ruType;
   FileName ruvpdSource;
   FileName vpdinfoSource;
+  FileName givenVpdinfo;
   std::unique_ptr<SPASourceProgram> sourceProgram;
   ByteString header;
   std::vector<SourceFile> sources;

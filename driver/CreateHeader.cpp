@@ -1,131 +1,21 @@
 #include "driver/CreateHeader.h"
 
-#include <ctime>
-
-#include "builder/Morvik.h"
-#include "builder/MorvikCreateHeader.h"
-#include "driver/Kelvra.h"
+#include "driver/Assembly.h"
 #include "driver/KeptFiles.h"
-#include "driver/OutputBuffer.h"
-#include "foundation/Allocate.h"
-#include "foundation/FileStatus.h"
-#include "foundation/FileStreams.h"
 #include "foundation/ReturnCode.h"
-#include "headers/AuxillaryHdr.h"
-#include "headers/FileHdr.h"
-#include "headers/KespHeader.h"
-#include "headers/ScnHdr.h"
-#include "headers/VPDHdrX.h"
-
-namespace {
-
-constexpr unsigned int envelopeLength = sizeof(FILEHDR) + sizeof(AUXILLARYHDR) + sizeof(SCNHDR);
-
-// When the load module was built.
-struct BuildTime {
-  time_t seconds;  // since the epoch
-  String date;     // YYYYMMDD, local time
-  String time;     // hhmmss, local time
-};
-
-String Formatted(const tm& local, const char* format)
-{
-  char text[16];
-  return String(text, static_cast<unsigned int>(std::strftime(text, sizeof text, format, &local)));
-}
-
-// The LID header's date and time, or without a LID header the file's modification time. The strings are empty when the
-// time has no text form.
-BuildTime GetBuildTime(const ByteString& lidBegin, const FileStatus& lidStatus)
-{
-  BuildTime build = {lidStatus.modificationTime(), String(), String()};
-  KespHeader lidHeader(lidBegin);
-  const tm* local = nullptr;
-  if (lidHeader.valid() && lidHeader.getMagicNumber() == KespHeader::lidMagicNumber && lidHeader.holdsLidDateTime()) {
-    tm* built = lidHeader.getLidDateTime();
-    built->tm_isdst = -1;
-    build.seconds = std::mktime(built);
-    local = built;
-  } else {
-    local = std::localtime(&build.seconds);
-  }
-  if (local != nullptr) {
-    build.date = Formatted(*local, "%Y%m%d");
-    build.time = Formatted(*local, "%H%M%S");
-  }
-  return build;
-}
-
-// All that stands in front of the LID's bytes, in file order.
-ByteString AssembleFront(const ByteString& block, unsigned int lidLength, time_t buildTime)
-{
-  VitalProductDataHeaderX vpd(block);
-  AuxillaryHdr auxillary(sizeof(AUXILLARYHDR));
-  auxillary.setMFlag();
-  auxillary.setVStamp();
-  FileHdr file(sizeof(FILEHDR));
-  file.setMagicNumber();
-  file.setTimeDate(buildTime);
-  file.setNumberOfSections(1);
-  const unsigned int optionalLength = auxillary.getLength() + block.length();
-  file.setNumberOfOptionalHeaderBytes(static_cast<unsigned short>(optionalLength));
-  ScnHdr section(sizeof(SCNHDR));
-  String sectionName(".text");
-  section.setSectionName(sectionName);
-  section.setSectionFlagAsData();
-  section.setNumberOfRawDataBytes(lidLength);
-
-  const unsigned int rawDataOffset = file.getLength() + optionalLength + section.getLength();
-  file.setSymPtr(long{lidLength} + rawDataOffset);
-  vpd.setVPDRULength(lidLength);
-  section.setOffsetToRawData(rawDataOffset);
-
-  file.Endian();
-  auxillary.Endian();
-  vpd.Endian();
-  section.Endian();
-  return file.getByteString() + auxillary.getByteString() + vpd.getByteString() + section.getByteString();
-}
-
-}  // namespace
 
 int CreateHeader(Kelvra* app)
 {
-  ReadFileStream lid(app->lidFile, std::ios_base::in);
-  if (lid.failure()) return lidNotRead;
-  const FileStatus& lidStatus = lid.status();
-  if (!lidStatus.valid()) return lidNotMeasured;
-  if (lidStatus.size() > MaximumLength) return lidNotRead;
-  const auto lidLength = static_cast<unsigned int>(lidStatus.size());
-  const unsigned int frontLength = envelopeLength + MorvikHeaderLength(app->ruvpdFile.getMember());
-  // Just below 4 GiB the end of the output has no 32-bit offset.
-  if (lidLength > MaximumLength - frontLength) return lidNotMeasured;
-
-  OutputBuffer output(frontLength, lidLength);
-  if (!output.valid()) return lidNotRead;
-  const boolean whole = output.readLid(lid) == lidLength && lid.endOfFile();
-  if (lid.failure()) return lidNotRead;
-  if (!whole) return lidNotMeasured;
-
-  const BuildTime build = GetBuildTime(output.lidBegin(sizeof(KESPHDR)), lidStatus);
-  if (build.date.empty() || build.time.empty()) return badTime;
-
-  Morvik builder;
-  int code = builder.morvikParse(app->ruvpdFile.getSource(), build.date, build.time);
-  if (code == success) code = builder.morvikExecute();
-  if (code != success) {
-    builder.morvikPrintError(code);
-    return code;
-  }
-  output.setFront(AssembleFront(builder.morvikGetHeader(), lidLength, build.seconds));
+  Assembly assembly(*app);
+  if (const int code = Assemble(*app, assembly)) return code;
 
   CautiousWriteFileStream out(app->outputFile);
   if (out.failure()) return outputNotWritten;
   if (!out.isNew()) {
-    if (IsKept(out.status(), *app, lid, builder.sourceFiles())) return outputNotWritten;
+    if (IsKept(out.status(), *app, assembly.lid, assembly.front.sources)) return outputNotWritten;
     out.empty();
     if (out.failure()) return outputNotWritten;
   }
-  output.write(out);
+  assembly.output->write(out);
   return success;
 }

@@ -89,6 +89,14 @@ void Kelvra::printError(int code) const
 
 void Kelvra::showUsage() const { ShowUsage(this); }
 
+void Kelvra::nameFiles()
+{
+  DefaultFrom(lidFile, ruvpdFile, "lidhdr");
+  DefaultFrom(lidFile, outputFile, "ruhx");
+  CompleteExtension(*this, lidFile, "kesp");
+  CompleteExtension(*this, ruvpdFile, "lidhdr");
+}
+
 int Parse(Kelvra* app, int argc, char** argv)
 {
   if (app->getName().empty() && argc > 0) app->setName(FileName(argv[0]).getMember());
@@ -99,10 +107,7 @@ int Parse(Kelvra* app, int argc, char** argv)
     app->*option->file = FileName(argv[i]);
   }
   if (app->lidFile.getSource().empty()) return parameterMissing;
-  DefaultFrom(app->lidFile, app->ruvpdFile, "lidhdr");
-  DefaultFrom(app->lidFile, app->outputFile, "ruhx");
-  CompleteExtension(*app, app->lidFile, "kesp");
-  CompleteExtension(*app, app->ruvpdFile, "lidhdr");
+  app->nameFiles();
   return success;
 }
 

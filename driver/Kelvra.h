@@ -1,6 +1,8 @@
 // The tool's application object: its three files and the conversation with the user.
 #pragma once
 
+#include <ctime>
+#include <optional>
 #include <vector>
 
 #include "foundation/Application.h"
@@ -20,12 +22,19 @@ class Kelvra : public Application {
   // Writes the closing line of a run that ends with the code.
   void printError(int code) const override;
   void showUsage() const override;
+  // Gives the names that were not given, and completes those without extension, from the LID's name, which must be
+  // given.
+  void nameFiles();
 
   FileName ruvpdFile;   // the RUVPD source
   FileName lidFile;     // the load module
   FileName outputFile;  // the file to be written
   // Names without extension as they were given, which did not open: the files above have an extension instead.
   std::vector<FileName> passedOver;
+
+  // What no option sets.
+  FileName vpdinfoFile;             // the VPDINFO source, in place of the one beside the RUVPD source; none when empty
+  std::optional<time_t> buildTime;  // of a LID without header, in place of its modification time
 };
 
 // What parseParams and showUsage do.

@@ -4,14 +4,24 @@
 
 #include "foundation/SystemCall.h"
 
+namespace {
+
+MessageCapture* capture = nullptr;
+
+}  // namespace
+
 StandardWriteStream::StandardWriteStream() : WriteStream(&std::cout) {}
 
 StandardErrorStream::StandardErrorStream() : WriteStream(&std::cerr) {}
 
 StandardReadStream::StandardReadStream() : ReadStream(&std::cin) {}
 
-void PrintErrorLine(const String& line)
+void PrintErrorLine(const String& line, MessageKind kind)
 {
+  if (capture != nullptr) {
+    capture->kept.push_back({line, kind});
+    return;
+  }
   const String whole = line + '\n';
   StandardErrorStream error;
   Uninterrupted([&] {
@@ -21,3 +31,7 @@ void PrintErrorLine(const String& line)
     return error.failure() ? -1 : 0;
   });
 }
+
+MessageCapture::MessageCapture() { capture = this; }
+
+MessageCapture::~MessageCapture() { capture = nullptr; }

@@ -36,4 +36,4 @@ std::optional<unsigned char> CodeOf(std::span<const CodedValue> values, const St
   return row != values.end() ? std::optional(row->code) : std::nullopt;
 }
 
-void ReportValue(const char* what, const String& value) { PrintErrorLine(what + value + '.'); }
+void ReportValue(const char* what, const String& value) { PrintErrorLine(what + value + '.', MessageKind::value); }

@@ -7,6 +7,27 @@
 
 #include "headers/HeaderRecord.h"
 
+// The value sets of its coded fields.
+inline constexpr CodedValue ruDestinations[] = {
+    {"NUC1", 1},     {"NUC2", 2},     {"NUC3", 12},    {"SERV", 3},     {"IDE", 4},      {"IBLA", 5},
+    {"DBLA", 6},     {"CBLA", 7},     {"MRI", 8},      {"PBLA", 9},     {"MACH", 16},    {"MCHP", 17},
+    {"SU36", 11},    {"USER", 0x20},  {"USRP", 0x21},  {"*MCG", 0x40},  {"IOP1", 0x81},  {"IOP2", 0x82},
+    {"IOP3", 0x84},  {"IOP4", 0x88},  {"RULL", 10},    {"NUCP", 15},    {"SBLA", 14},    {"HYP1", 0x31},
+    {"HYP2", 0x32},  {"NUCB", 0x34},  {"PHYP1", 0x50}, {"PNUC1", 0x51}, {"PDBLA", 0x52}, {"PHYP2", 0x53},
+    {"PNUC2", 0x54}, {"PCBLA", 0x55}, {"PIBLA", 0x56},
+};
+static_assert(std::size(ruDestinations) == 33);
+
+inline constexpr CodedValue ssdModels[] = {
+    {"VANT0", 1},          {"VANTL", 4},   {"VANT4", 5},        {"VNT41", 5},      {"TRIDE", 2},
+    {"TRID1", 6},          {"HARN", 3},    {"LOSK", 7},         {"VAN41", 8},      {"VNTA4", 8},
+    {"TOLVEN", 9},         {"GLOVA", 10},  {"BRAXEN", 11},      {"QUENTARIS", 12}, {"BRAXEN_TPA", 13},
+    {"QUENTARIS_TPA", 14}, {"FENRIX", 16}, {"TERVASCOPIN", 17}, {"NONE", 0},
+};
+static_assert(std::size(ssdModels) == 19);
+
+inline constexpr CodedValue ruTypeOptions[] = {{"VORN", 1}, {"LID", 2}};
+
 // The place of a name that is longer than its field.
 struct LONGRUNAME {
   unsigned char reserved[4];
@@ -22,11 +43,11 @@ struct RUSSD {
     LONGRUNAME longName;
   };
   unsigned char linkLoaderBypass;  // 40: 1 "Y", 0 "N"
-  unsigned char ruDestination;     // 41: a code of the destination table
+  unsigned char ruDestination;     // 41: a code of ruDestinations
   unsigned char deleteRu;          // 42: 1 "Y", 0 "N"
   unsigned char onlineLLFlag;      // 43: 1 "Y", 0 "N"
   unsigned char ruTypeOption;      // 44: 1 "VORN", 2 "LID"
-  unsigned char ssdModel;          // 45: a code of the model table
+  unsigned char ssdModel;          // 45: a code of ssdModels
   unsigned char allowBreakpoints;  // 46: 1 "Y", 0 "N"
   unsigned char reserved3[17];     // 47
 };
@@ -63,7 +84,7 @@ class SystemSpecificDataHeaderX {
   void setReplaceableUnitNameOffset(unsigned int offset);
   // Without a value, destination 0.
   int setReplaceableUnitDestination();
-  // A value of the destination table, else badRuDestination.
+  // A value of ruDestinations, else badRuDestination.
   int setReplaceableUnitDestination(const String& value);
   // The first 4 bytes of the value's hexadecimal digits, else badNucleusSequenceControl. An odd number of digits counts
   // as preceded by a 0.
@@ -73,7 +94,7 @@ class SystemSpecificDataHeaderX {
   int setDeleteReplaceableUnit(const String& value);
   int setAllowBreakpoints(const String& value);
   int setOnlineLLFlag(const String& value);
-  // A value of the model table, else badSsdModel.
+  // A value of ssdModels, else badSsdModel.
   int setSSDModel(const String& value);
   // "VORN" or "LID"; any other value changes nothing.
   void setReplaceableUnitTypeOption(const String& value);

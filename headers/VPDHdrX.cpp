@@ -11,10 +11,6 @@ VPDHDR& CastToStructVPDHDR(ByteString& bytes) { return ViewAs<VPDHDR>(bytes); }
 
 const VPDHDR& CastToConstStructVPDHDR(const ByteString& bytes) { return ViewAs<VPDHDR>(bytes); }
 
-constexpr CodedValue bodyTypes[] = {{"VPDINFO", 3}, {"PFGINFO", 2}, {"SFGINFO", 1}, {"CODE", 0}};
-constexpr CodedValue softwareTypes[] = {{"MCG", 1}, {"LPP", 0}};
-constexpr CodedValue noYes[] = {{"N", 1}, {"Y", 0}};
-
 // Stores the value's code in the field and returns true; a value without one changes nothing.
 template <class Word>
 boolean StoreFlag(Word& word, const FlagField& field, std::span<const CodedValue> values, const String& value)

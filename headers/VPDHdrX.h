@@ -42,6 +42,11 @@ struct VPDFLAGS2 {
 };
 static_assert(FillWord<std::uint16_t>(VPDFLAGS2::all));
 
+// The value sets of the flags that are not 1 for "Y".
+inline constexpr CodedValue bodyTypes[] = {{"VPDINFO", 3}, {"PFGINFO", 2}, {"SFGINFO", 1}, {"CODE", 0}};
+inline constexpr CodedValue softwareTypes[] = {{"MCG", 1}, {"LPP", 0}};
+inline constexpr CodedValue noYes[] = {{"N", 1}, {"Y", 0}};
+
 struct VPDHDR {
   std::uint32_t ruLength;                     // 0: bytes of the load module
   unsigned char reserved1[4];                 // 4
