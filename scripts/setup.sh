@@ -1,6 +1,7 @@
 #!/bin/sh
-# Installs what building and testing needs, where it is missing: compiler, CMake, Ninja, GoogleTest, and the commands
-# or files given as "needed=package" words. Says and does nothing when all is there. Debian's apt-get.
+# Installs what building and testing needs, where it is missing: compiler, CMake, Ninja, GoogleTest, the libraries of
+# kelvra-image, and the commands or files given as "needed=package" words. Says and does nothing when all is there.
+# Debian's apt-get.
 # With --check CALLER in front it installs nothing: it names what is missing of the words alone, and then fails.
 set -eu
 
@@ -9,7 +10,9 @@ if [ "${1-}" = --check ]; then
   caller=$2
   shift 2
 else
-  set -- g++=g++ cmake=cmake ninja=ninja-build /usr/include/gtest/gtest.h=libgtest-dev "$@"
+  set -- g++=g++ cmake=cmake ninja=ninja-build /usr/include/gtest/gtest.h=libgtest-dev \
+    /usr/include/CLI/CLI.hpp=libcli11-dev /usr/include/nlohmann/json.hpp=nlohmann-json3-dev \
+    /usr/include/fmt/format.h=libfmt-dev "$@"
 fi
 
 missing=

@@ -1,0 +1,3 @@
+#include "image/Build.h"
+
+BuildResult Build(const Inputs&, const BuildOptions&) { return {}; }

@@ -1,0 +1,43 @@
+#include "image/Inputs.h"
+
+#include <charconv>
+#include <cstdlib>
+#include <cstring>
+#include <ctime>
+
+#include "source/MapStringString.h"
+#include "source/SPAOption.h"
+
+std::optional<Reason> TakeSourceDateEpoch(Inputs& inputs)
+{
+  const char* epoch = std::getenv("SOURCE_DATE_EPOCH");
+  if (epoch == nullptr || inputs.utc || inputs.timestamp) return std::nullopt;
+  const char* end = epoch + std::strlen(epoch);
+  std::int64_t seconds = 0;
+  const auto [rest, error] = std::from_chars(epoch, end, seconds);
+  if (rest != end || error != std::errc()) return Reason{"SOURCE_DATE_EPOCH", "not a number of seconds"};
+  inputs.timestamp = seconds;
+  inputs.utc = true;
+  return std::nullopt;
+}
+
+Kelvra MakeRun(const Inputs& inputs)
+{
+  if (inputs.utc) {
+    ::setenv("TZ", "UTC0", 1);
+    ::tzset();
+  }
+  OptionTable().clear();
+  Kelvra run;
+  run.lidFile.setSource(ToString(inputs.lid));
+  run.ruvpdFile.setSource(ToString(inputs.source));
+  run.outputFile.setSource(ToString(inputs.image));
+  run.vpdinfoFile.setSource(ToString(inputs.vpdinfo));
+  run.buildTime = inputs.timestamp;
+  run.nameFiles();
+  return run;
+}
+
+std::string ToText(const String& text) { return std::string(static_cast<const char*>(text), text.length()); }
+
+String ToString(const std::string& text) { return String(text.data(), static_cast<unsigned int>(text.size())); }

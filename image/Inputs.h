@@ -1,0 +1,29 @@
+// The files and the circumstances of a run of the tool, as the options of several commands give them.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "driver/Kelvra.h"
+#include "image/Reason.h"
+
+struct Inputs {
+  std::string lid;                        // -l
+  std::string source;                     // -r; when empty, beside the LID
+  std::string image;                      // -o; when empty, beside the LID
+  std::string vpdinfo;                    // --vpdinfo; when empty, beside the RUVPD source
+  std::optional<std::int64_t> timestamp;  // --timestamp: the build time of a LID without header, seconds since 1970
+  bool utc = false;                       // --utc
+};
+
+// Where neither --timestamp nor --utc was given, SOURCE_DATE_EPOCH gives both. The reason when it is no number.
+std::optional<Reason> TakeSourceDateEpoch(Inputs& inputs);
+
+// The tool's run over the inputs, its names completed as the tool completes them. Sets the process's time zone where it
+// is to be UTC, and empties the option table.
+Kelvra MakeRun(const Inputs& inputs);
+
+// The tool's text as the standard library's, and back.
+std::string ToText(const String& text);
+String ToString(const std::string& text);

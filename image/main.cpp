@@ -1,0 +1,170 @@
+// kelvra-image: looks after the images that kelvra makes. This file only reads the command line, calls the command and
+// prints what it found.
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <csignal>
+#include <functional>
+#include <iterator>
+#include <sstream>
+
+#include "foundation/StandardStreams.h"
+#include "image/Build.h"
+#include "image/Deps.h"
+#include "image/Json.h"
+#include "image/Lint.h"
+#include "image/Output.h"
+#include "image/Text.h"
+
+namespace {
+
+struct Arguments {
+  Inputs inputs;
+  BuildOptions build;
+  std::vector<std::string> disabled;
+  bool json = false;
+  Output out;
+};
+
+void PrintReason(const Reason& reason) { PrintErrorLine("kelvra-image: " + ToString(ReasonText(reason))); }
+
+void PrintReasons(const std::vector<Reason>& reasons) { std::ranges::for_each(reasons, PrintReason); }
+
+// -l, -r, -o and --vpdinfo.
+CLI::Option* AddFiles(CLI::App& app, Inputs& inputs)
+{
+  app.add_option("-r,--source", inputs.source, "the RUVPD source; else the LID's name with .lidhdr")->type_name("FILE");
+  app.add_option("-o,--output", inputs.image, "the image; else the LID's name with .ruhx")->type_name("FILE");
+  app.add_option("--vpdinfo", inputs.vpdinfo, "the VPDINFO source, in place of the one beside the RUVPD source")
+      ->type_name("FILE");
+  return app.add_option("-l,--lid", inputs.lid, "the LID file")->type_name("FILE");
+}
+
+void AddTimes(CLI::App& app, Inputs& inputs)
+{
+  app.add_option("--timestamp", inputs.timestamp, "the build time of a LID without a header, seconds since 1970")
+      ->type_name("SECONDS");
+  app.add_flag("--utc", inputs.utc, "the time zone is UTC");
+}
+
+void AddJson(CLI::App& app, Arguments& arguments) { app.add_flag("--json", arguments.json, "print JSON"); }
+
+void BuildOptionsOf(CLI::App& app, Arguments& arguments)
+{
+  AddFiles(app, arguments.inputs)->required();
+  AddTimes(app, arguments.inputs);
+  app.add_flag("--lint", arguments.build.lint, "lint first; errors stop the build");
+  app.add_option("--depfile", arguments.build.depfile, "write what deps prints to this file")->type_name("FILE");
+  app.add_flag("--verbose", arguments.build.verbose, "print all the lines that kelvra prints");
+}
+
+int RunBuild(Arguments& arguments)
+{
+  const BuildResult result = Build(arguments.inputs, arguments.build);
+  for (const Finding& finding : result.findings) PrintErrorLine(ToString(Text(finding)));
+  for (const std::string& line : result.lines) PrintErrorLine(ToString(line));
+  PrintReasons(result.reasons);
+  return result.status;
+}
+
+void DepsOptions(CLI::App& app, Arguments& arguments)
+{
+  AddFiles(app, arguments.inputs)->required();
+  AddJson(app, arguments);
+}
+
+int RunDeps(Arguments& arguments)
+{
+  const DepsResult result = Deps(arguments.inputs);
+  PrintReasons(result.reasons);
+  if (result.status == allWell) arguments.out.add(arguments.json ? Json(result) : Depfile(result));
+  return result.status;
+}
+
+void LintOptions(CLI::App& app, Arguments& arguments)
+{
+  AddFiles(app, arguments.inputs);
+  AddTimes(app, arguments.inputs);
+  app.add_option("--disable", arguments.disabled, "silence a rule")->type_name("RULE");
+  AddJson(app, arguments);
+}
+
+int RunLint(Arguments& arguments)
+{
+  const LintResult result = Lint(arguments.inputs, arguments.disabled);
+  PrintReasons(result.reasons);
+  if (arguments.json) {
+    arguments.out.add(Json(result));
+  } else {
+    for (const Finding& finding : result.findings) arguments.out.add(Text(finding) + '\n');
+  }
+  return result.status;
+}
+
+struct Command {
+  const char* name;
+  const char* summary;
+  const char* example;
+  void (*options)(CLI::App& app, Arguments& arguments);
+  int (*run)(Arguments& arguments);
+};
+
+constexpr Command commands[] = {
+    {"build", "Make an image, whole or not at all", "kelvra-image build -l part.kesp -o part.ruhx --utc",
+     BuildOptionsOf, RunBuild},
+    {"deps", "Print the files that a run reads and writes, as a depfile", "kelvra-image deps -l part.kesp", DepsOptions,
+     RunDeps},
+    {"lint", "Tell what kelvra would silently skip, cut, default or refuse", "kelvra-image lint -l part.kesp",
+     LintOptions, RunLint},
+};
+
+// A command's options are set up only when it is the one that is called.
+const Command* Parse(CLI::App& app, Arguments& arguments, int argc, char** argv)
+{
+  app.require_subcommand(1);
+  app.set_version_flag("--version", "kelvra-image " KELVRA_VERSION);
+  const Command* called = nullptr;
+  for (const Command& command : commands) {
+    CLI::App* sub = app.add_subcommand(command.name, command.summary);
+    if (argc < 2 || std::string_view(argv[1]) != command.name) continue;
+    command.options(*sub, arguments);
+    sub->footer(std::string("Example: ") + command.example);
+    called = &command;
+  }
+  app.parse(argc, argv);
+  return called;
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+  // A closed pipe and a limit on file sizes are errors of the write.
+  std::signal(SIGPIPE, SIG_IGN);
+  std::signal(SIGXFSZ, SIG_IGN);
+  Arguments arguments;
+  CLI::App app("Makes, shows, proves, compares and checks the images that kelvra makes.");
+  int status = couldNot;
+  try {
+    const Command* command = Parse(app, arguments, argc, argv);
+    if (const auto reason = TakeSourceDateEpoch(arguments.inputs)) {
+      PrintReason(*reason);
+    } else {
+      status = command->run(arguments);
+    }
+  } catch (const CLI::ParseError& error) {
+    // Help and version are such errors too.
+    std::ostringstream text;
+    std::ostringstream complaint;
+    status = app.exit(error, text, complaint) == 0 ? allWell : couldNot;
+    arguments.out.add(text.str());
+    if (status != allWell) PrintErrorLine("kelvra-image: " + String(error.what()) + "; --help tells more");
+  } catch (const std::bad_alloc&) {
+    PrintErrorLine("kelvra-image: out of memory");
+    status = couldNot;
+  }
+  if (const auto reason = arguments.out.finish()) {
+    PrintReason(*reason);
+    status = couldNot;
+  }
+  return status;
+}
