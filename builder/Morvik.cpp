@@ -102,7 +102,7 @@ int Morvik::morvikExecute()
     if (const int code = openSource(vpdinfoSource, restricted)) return code;
   } else {
     if (const int code = openSource(ruvpdSource, restricted)) return code;
-    vpdinfoSource = givenVpdinfo.isValid() ? givenVpdinfo : vpdinfoName();
+    vpdinfoSource = vpdinfoName();
     restricted = true;
     if (const int code = openSource(vpdinfoSource, restricted)) return code;
   }
@@ -111,9 +111,19 @@ int Morvik::morvikExecute()
 
 boolean Morvik::isProductInformation() const { return SourceKindOf(sourceType).readAlone; }
 
-// In the folder of the RUVPD source, with the base name that VPDINFONM gives or else the default one.
+std::vector<FileName> Morvik::nameSources()
+{
+  if (isProductInformation()) return {vpdinfoSource};
+  boolean restricted = false;
+  if (!givenVpdinfo.isValid()) openSource(ruvpdSource, restricted);
+  return {ruvpdSource, vpdinfoName()};
+}
+
+// When none was given, in the folder of the RUVPD source, with the base name that VPDINFONM gives or else the default
+// one.
 FileName Morvik::vpdinfoName() const
 {
+  if (givenVpdinfo.isValid()) return givenVpdinfo;
   const String given = SPAOption::StringValid("VPDINFONM") == 1 ? SPAOption::GetStringValue("VPDINFONM") : String();
   return Build(ruvpdSource.getLibrary(), String(), given.empty() ? systemName : given, "vpdinfo");
 }
@@ -124,7 +134,7 @@ int Morvik::openSource(FileName& file, boolean& restricted)
   const boolean isGiven = restricted && givenVpdinfo.isValid();
   const ReportedSource* reported = FindReported(isGiven ? String("vpdinfo") : file.getExtension());
   ReadFileStream stream(file, std::ios_base::in);
-  sources.push_back({file, stream.failure() ? FileStatus(file.getSource()) : stream.status()});
+  sources.push_back({file, stream.failure() ? FileStatus(file.getSource()) : stream.status(), !stream.failure()});
   if (stream.failure()) {
     if (reported == nullptr) return success;
     ReportUnusable(file);

@@ -74,10 +74,12 @@ void DepsOptions(CLI::App& app, Arguments& arguments)
 
 int RunDeps(Arguments& arguments)
 {
-  const DepsResult result = Deps(arguments.inputs);
+  DepsResult result = Deps(arguments.inputs);
+  if (result.status == allWell && !arguments.json) result.reasons = NamesOutsideDepfiles(result);
   PrintReasons(result.reasons);
-  if (result.status == allWell) arguments.out.add(arguments.json ? Json(result) : Depfile(result));
-  return result.status;
+  if (!result.reasons.empty()) return couldNot;
+  arguments.out.add(arguments.json ? Json(result) : Depfile(result));
+  return allWell;
 }
 
 void LintOptions(CLI::App& app, Arguments& arguments)
