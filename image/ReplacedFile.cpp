@@ -69,7 +69,7 @@ int LinkAndRenameUnparted(const char* file, const char* hidden, const char* targ
   volatile int result = EINTR;    // of a child that was killed before it began
   const pid_t child = ::vfork();  // NOLINT(clang-analyzer-security.insecureAPI.vfork): sharing the memory is the point
   if (child == 0) {
-    ::setsid();
+    ::setpgid(0, 0);
     result = LinkAndRename(file, hidden, target);
     ::_exit(0);
   }
