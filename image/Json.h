@@ -6,6 +6,13 @@
 
 #include "image/Deps.h"
 #include "image/Lint.h"
+#include "image/List.h"
+
+// For the documents whose images come one by one: what begins them, an image, what ends them.
+std::string JsonBegin(const char* command);
+std::string JsonEnd();
+std::string Json(const Image& image);
+std::string Json(const ListRow& row, const Image& image);
 
 std::string Json(const DepsResult& deps);
 std::string Json(const LintResult& lint);

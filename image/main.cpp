@@ -18,6 +18,7 @@
 namespace {
 
 struct Arguments {
+  std::vector<std::string> files;
   Inputs inputs;
   BuildOptions build;
   std::vector<std::string> disabled;
@@ -100,6 +101,60 @@ int RunLint(Arguments& arguments)
   return result.status;
 }
 
+void AddImages(CLI::App& app, Arguments& arguments)
+{
+  app.add_option("images", arguments.files, "the images")->required()->type_name("IMAGE");
+}
+
+void ImagesOptions(CLI::App& app, Arguments& arguments)
+{
+  AddImages(app, arguments);
+  AddJson(app, arguments);
+}
+
+// Calls `print`, which adds what is to be said of an image to the output and returns the status, for each of the
+// images.
+template <class Print>
+int ForEachImage(Arguments& arguments, const char* command, Print print)
+{
+  int status = allWell;
+  const char* before = "";
+  if (arguments.json) arguments.out.add(JsonBegin(command));
+  for (const std::string& file : arguments.files) {
+    const Image image(file);
+    if (arguments.json) arguments.out.add(before);
+    before = ",";
+    status = std::max<int>(status, print(image));
+    if (image.file.reason()) PrintReason(*image.file.reason());
+  }
+  if (arguments.json) arguments.out.add(JsonEnd());
+  return status;
+}
+
+int RunShow(Arguments& arguments)
+{
+  return ForEachImage(arguments, "show", [&](const Image& image) {
+    if (arguments.json) {
+      arguments.out.add(Json(image));
+    } else if (image.status() != couldNot) {
+      arguments.out.add(Text(image));
+    }
+    return image.status();
+  });
+}
+
+int RunList(Arguments& arguments)
+{
+  return ForEachImage(arguments, "list", [&](const Image& image) {
+    if (arguments.json) {
+      arguments.out.add(image.status() == couldNot ? Json(image) : Json(List(image), image));
+    } else if (image.status() != couldNot) {
+      arguments.out.add(Text(List(image), image));
+    }
+    return image.status();
+  });
+}
+
 struct Command {
   const char* name;
   const char* summary;
@@ -115,6 +170,9 @@ constexpr Command commands[] = {
      RunDeps},
     {"lint", "Tell what kelvra would silently skip, cut, default or refuse", "kelvra-image lint -l part.kesp",
      LintOptions, RunLint},
+    {"show", "Show every byte of the headers, named and decoded", "kelvra-image show part.ruhx", ImagesOptions,
+     RunShow},
+    {"list", "Print a line about each image", "kelvra-image list *.ruhx", ImagesOptions, RunList},
 };
 
 // A command's options are set up only when it is the one that is called.
