@@ -158,6 +158,12 @@ FieldValue Decode(const FieldRow& row, Bytes bytes)
   return {};
 }
 
+bool Differ(const FieldRow& row, Bytes one, Bytes other)
+{
+  if (row.bits.width != 0 && one.size() == other.size() && !one.empty()) return BitsOf(row, one) != BitsOf(row, other);
+  return !std::ranges::equal(one, other);
+}
+
 std::vector<std::string> Names(const FieldRow& row, const FieldValue& value)
 {
   std::uint64_t code = 0;
@@ -171,6 +177,21 @@ std::vector<std::string> Names(const FieldRow& row, const FieldValue& value)
     if (coded.code == code) names.emplace_back(coded.value);
   }
   return names;
+}
+
+std::string ValueText(const FieldRow& row, const FieldValue& value)
+{
+  if (std::holds_alternative<std::monostate>(value)) return "(cut)";
+  if (const auto names = Names(row, value); !names.empty()) return fmt::format("{}", fmt::join(names, ", "));
+  if (const auto* flag = std::get_if<bool>(&value)) return *flag ? "true" : "false";
+  if (const auto* number = std::get_if<std::uint64_t>(&value)) {
+    if (row.kind == FieldKind::reserved && *number == 0) return "zeros";
+    return fmt::format("{}{}", *number, row.values.empty() ? "" : " (no name)");
+  }
+  const std::string& text = std::get<std::string>(value);
+  if (row.kind == FieldKind::digits) return text;
+  if (row.kind != FieldKind::reserved) return '"' + text + '"';
+  return text.find_first_not_of('0') == std::string::npos ? "zeros" : text;
 }
 
 std::string Hexadecimal(Bytes bytes)

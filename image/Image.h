@@ -42,8 +42,12 @@ struct Image {
 
 // The value of a field's bytes.
 FieldValue Decode(const FieldRow& row, Bytes bytes);
+// Whether the field differs in two images, of a flag only in its own bits.
+bool Differ(const FieldRow& row, Bytes one, Bytes other);
 // The names that stand for the field's value, none when it has none.
 std::vector<std::string> Names(const FieldRow& row, const FieldValue& value);
+// The value as people read it: by its names where it has some, texts in quotes, "(cut)" for none.
+std::string ValueText(const FieldRow& row, const FieldValue& value);
 // The bytes' digits, two each.
 std::string Hexadecimal(Bytes bytes);
 bool IsZero(Bytes bytes);

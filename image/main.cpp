@@ -10,10 +10,12 @@
 #include "foundation/StandardStreams.h"
 #include "image/Build.h"
 #include "image/Deps.h"
+#include "image/Diff.h"
 #include "image/Json.h"
 #include "image/Lint.h"
 #include "image/Output.h"
 #include "image/Text.h"
+#include "image/Verify.h"
 
 namespace {
 
@@ -23,6 +25,7 @@ struct Arguments {
   BuildOptions build;
   std::vector<std::string> disabled;
   bool json = false;
+  bool verbose = false;
   Output out;
 };
 
@@ -121,11 +124,10 @@ int ForEachImage(Arguments& arguments, const char* command, Print print)
   const char* before = "";
   if (arguments.json) arguments.out.add(JsonBegin(command));
   for (const std::string& file : arguments.files) {
-    const Image image(file);
+    Image image(file);
     if (arguments.json) arguments.out.add(before);
     before = ",";
     status = std::max<int>(status, print(image));
-    if (image.file.reason()) PrintReason(*image.file.reason());
   }
   if (arguments.json) arguments.out.add(JsonEnd());
   return status;
@@ -134,6 +136,7 @@ int ForEachImage(Arguments& arguments, const char* command, Print print)
 int RunShow(Arguments& arguments)
 {
   return ForEachImage(arguments, "show", [&](const Image& image) {
+    if (image.file.reason()) PrintReason(*image.file.reason());
     if (arguments.json) {
       arguments.out.add(Json(image));
     } else if (image.status() != couldNot) {
@@ -146,6 +149,7 @@ int RunShow(Arguments& arguments)
 int RunList(Arguments& arguments)
 {
   return ForEachImage(arguments, "list", [&](const Image& image) {
+    if (image.file.reason()) PrintReason(*image.file.reason());
     if (arguments.json) {
       arguments.out.add(image.status() == couldNot ? Json(image) : Json(List(image), image));
     } else if (image.status() != couldNot) {
@@ -153,6 +157,55 @@ int RunList(Arguments& arguments)
     }
     return image.status();
   });
+}
+
+void VerifyOptions(CLI::App& app, Arguments& arguments)
+{
+  AddImages(app, arguments);
+  CLI::Option* lid = app.add_option("-l,--lid", arguments.inputs.lid, "is this LID in the image")->type_name("FILE");
+  CLI::Option* source =
+      app.add_option("-r,--source", arguments.inputs.source, "do the LID and this RUVPD source make the image")
+          ->type_name("FILE")
+          ->needs(lid);
+  app.add_option("--vpdinfo", arguments.inputs.vpdinfo,
+                 "the VPDINFO source, in place of the one beside the RUVPD source")
+      ->type_name("FILE")
+      ->needs(source);
+  AddTimes(app, arguments.inputs);
+  app.add_flag("--verbose", arguments.verbose, "print all checks");
+  AddJson(app, arguments);
+}
+
+int RunVerify(Arguments& arguments)
+{
+  return ForEachImage(arguments, "verify", [&](Image& image) {
+    const VerifyResult result = Verify(image, arguments.inputs);
+    arguments.out.add(arguments.json ? Json(result, image) : Text(result, image.file.name(), arguments.verbose));
+    PrintReasons(result.reasons);
+    return result.status;
+  });
+}
+
+void DiffOptions(CLI::App& app, Arguments& arguments)
+{
+  app.add_option("images", arguments.files, "the two images")->required()->expected(2)->type_name("IMAGE");
+  AddJson(app, arguments);
+}
+
+int RunDiff(Arguments& arguments)
+{
+  Image one(arguments.files[0]);
+  Image other(arguments.files[1]);
+  const DiffResult result = Diff(one, other);
+  arguments.out.add(arguments.json ? Json(result, one, other) : Text(result));
+  PrintReasons(result.reasons);
+  return result.status;
+}
+
+int RunFields(Arguments& arguments)
+{
+  arguments.out.add(arguments.json ? FieldsJson() : FieldsText());
+  return allWell;
 }
 
 struct Command {
@@ -173,6 +226,10 @@ constexpr Command commands[] = {
     {"show", "Show every byte of the headers, named and decoded", "kelvra-image show part.ruhx", ImagesOptions,
      RunShow},
     {"list", "Print a line about each image", "kelvra-image list *.ruhx", ImagesOptions, RunList},
+    {"diff", "Tell in which fields two images differ", "kelvra-image diff old.ruhx new.ruhx", DiffOptions, RunDiff},
+    {"verify", "Prove an image, alone or with its inputs", "kelvra-image verify part.ruhx -l part.kesp -r part.lidhdr",
+     VerifyOptions, RunVerify},
+    {"fields", "Print the layout, keywords, checks, rules and codes", "kelvra-image fields --json", AddJson, RunFields},
 };
 
 // A command's options are set up only when it is the one that is called.
