@@ -16,7 +16,7 @@ enum class FieldKind {
   digits,    // hexadecimal digits, two to a byte
   code,      // a number of a value set
   flag,      // bits of a flag word
-  reserved,  // zeros
+  reserved,  // zeros; the value is 0, or all digits when they are not
 };
 // "number", "stamp" and so on.
 const char* FieldKindName(FieldKind kind);

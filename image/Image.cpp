@@ -31,6 +31,13 @@ std::string FromAscii(Bytes bytes)
   return text;
 }
 
+std::string Join(const std::vector<std::string>& names)
+{
+  std::string text = names.front();
+  for (std::size_t i = 1; i < names.size(); i++) text.append(", ").append(names[i]);
+  return text;
+}
+
 std::uint64_t BitsOf(const FieldRow& row, Bytes bytes)
 {
   const std::uint64_t after = bytes.size() * 8 - row.bits.first % 8 - row.bits.width;
@@ -153,7 +160,8 @@ FieldValue Decode(const FieldRow& row, Bytes bytes)
     case FieldKind::digits:
       return Hexadecimal(bytes);
     case FieldKind::reserved:
-      return row.bits.width != 0 ? FieldValue(BitsOf(row, bytes)) : FieldValue(Hexadecimal(bytes));
+      if (row.bits.width != 0) return BitsOf(row, bytes);
+      return IsZero(bytes) ? FieldValue(std::uint64_t{0}) : FieldValue(Hexadecimal(bytes));
   }
   return {};
 }
@@ -182,16 +190,16 @@ std::vector<std::string> Names(const FieldRow& row, const FieldValue& value)
 std::string ValueText(const FieldRow& row, const FieldValue& value)
 {
   if (std::holds_alternative<std::monostate>(value)) return "(cut)";
-  if (const auto names = Names(row, value); !names.empty()) return fmt::format("{}", fmt::join(names, ", "));
+  if (!row.values.empty()) {
+    if (const auto names = Names(row, value); !names.empty()) return Join(names);
+  }
   if (const auto* flag = std::get_if<bool>(&value)) return *flag ? "true" : "false";
   if (const auto* number = std::get_if<std::uint64_t>(&value)) {
     if (row.kind == FieldKind::reserved && *number == 0) return "zeros";
-    return fmt::format("{}{}", *number, row.values.empty() ? "" : " (no name)");
+    return std::to_string(*number) + (row.values.empty() ? "" : " (no name)");
   }
   const std::string& text = std::get<std::string>(value);
-  if (row.kind == FieldKind::digits) return text;
-  if (row.kind != FieldKind::reserved) return '"' + text + '"';
-  return text.find_first_not_of('0') == std::string::npos ? "zeros" : text;
+  return row.kind == FieldKind::digits || row.kind == FieldKind::reserved ? text : '"' + text + '"';
 }
 
 std::string Hexadecimal(Bytes bytes)
