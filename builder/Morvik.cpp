@@ -76,6 +76,8 @@ void ReportUnusable(const FileName& file) { PrintErrorLine("File name is " + fil
 
 }  // namespace
 
+std::span<const MessageRow> MorvikMessages() { return messages; }
+
 int Morvik::morvikParse(String source, String date, String time)
 {
   systemName = "qel";

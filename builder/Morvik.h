@@ -4,11 +4,13 @@
 #pragma once
 
 #include <memory>
+#include <span>
 #include <vector>
 
 #include "foundation/ByteString.h"
 #include "foundation/FileName.h"
 #include "foundation/FileStatus.h"
+#include "foundation/MessageTable.h"
 #include "foundation/String.h"
 #include "source/SPASourceProgram.h"
 
@@ -18,6 +20,9 @@ struct SourceFile {
   FileStatus opened;  // at the open; without one, of the file that had the name
   boolean isOpened;   // whether it could be opened
 };
+
+// The codes that morvikPrintError knows, and what it says of them.
+std::span<const MessageRow> MorvikMessages();
 
 class Morvik {
  public:

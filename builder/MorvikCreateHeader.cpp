@@ -45,14 +45,14 @@ constexpr unsigned int BodyOffset(unsigned int alignment)
 {
   return (headersLength + alignment - 1) / alignment * alignment;
 }
-static_assert(BodyOffset(headerBodyAlignment) == 512);
+static_assert(BodyOffset(headerBodyAlignment) == headerBodyOffset);
 
 }  // namespace
 
 unsigned int MorvikHeaderLength(const String& memberName)
 {
-  const unsigned int bodyOffset = BodyOffset(headerBodyAlignment);
-  return IsShort(memberName) ? bodyOffset : AddLengths(bodyOffset, AddLengths(memberName.length(), 1));
+  if (IsShort(memberName)) return headerBodyOffset;
+  return AddLengths(headerBodyOffset, AddLengths(memberName.length(), 1));
 }
 
 int MorvikCreateHeader(Morvik* builder)

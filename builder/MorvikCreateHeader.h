@@ -8,6 +8,8 @@ class Morvik;
 
 // The VPD body begins at a multiple of this many bytes from the beginning of the header block.
 inline constexpr unsigned int headerBodyAlignment = 256;
+// Which is here, after the two headers and their zero fill.
+inline constexpr unsigned int headerBodyOffset = 512;
 
 // Appends the header block to the builder's header. Returns 0, or the code of the first value that is refused, with
 // nothing appended. To be called once, after the sources were read.

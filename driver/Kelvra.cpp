@@ -97,6 +97,8 @@ void Kelvra::nameFiles()
   CompleteExtension(*this, ruvpdFile, "lidhdr");
 }
 
+std::span<const MessageRow> KelvraMessages() { return messages; }
+
 int Parse(Kelvra* app, int argc, char** argv)
 {
   if (app->getName().empty() && argc > 0) app->setName(FileName(argv[0]).getMember());

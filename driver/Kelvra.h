@@ -3,10 +3,12 @@
 
 #include <ctime>
 #include <optional>
+#include <span>
 #include <vector>
 
 #include "foundation/Application.h"
 #include "foundation/FileName.h"
+#include "foundation/MessageTable.h"
 
 class Kelvra : public Application {
  public:
@@ -36,6 +38,9 @@ class Kelvra : public Application {
   FileName vpdinfoFile;             // the VPDINFO source, in place of the one beside the RUVPD source; none when empty
   std::optional<time_t> buildTime;  // of a LID without header, in place of its modification time
 };
+
+// The codes that printError has words for, and these words.
+std::span<const MessageRow> KelvraMessages();
 
 // What parseParams and showUsage do.
 int Parse(Kelvra* app, int argc, char** argv);

@@ -19,9 +19,9 @@ AUXILLARYHDR& AuxillaryHdr::fields(const AssertingFunction& function)
   return CastToStructAUXILLARYHDR(record.bytes(function));
 }
 
-void AuxillaryHdr::setMFlag() { fields("void AuxillaryHdr::setMFlag ()").magicNumber = 0x010B; }
+void AuxillaryHdr::setMFlag() { fields("void AuxillaryHdr::setMFlag ()").magicNumber = auxiliaryMagicNumber; }
 
-void AuxillaryHdr::setVStamp() { fields("void AuxillaryHdr::setVStamp ()").versionStamp = 0x0010; }
+void AuxillaryHdr::setVStamp() { fields("void AuxillaryHdr::setVStamp ()").versionStamp = auxiliaryVersionStamp; }
 
 void AuxillaryHdr::Endian()
 {

@@ -30,6 +30,9 @@ static_assert(sizeof(AUXILLARYHDR) == 28);
 // Every operation but valid(), getLength(), writeHeader() and destruction asserts valid().
 class AuxillaryHdr {
  public:
+  static constexpr unsigned short auxiliaryMagicNumber = 0x010B;
+  static constexpr unsigned short auxiliaryVersionStamp = 0x0010;
+
   // `length` zero bytes; valid from 28 on.
   explicit AuxillaryHdr(unsigned int length);
   // All of the bytes; valid when there are at least 72, the full form of which this layout is the beginning.

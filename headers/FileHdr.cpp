@@ -14,7 +14,7 @@ FileHdr::FileHdr(const ByteString& b) : record(source, ByteString(b, sizeof(FILE
 
 FILEHDR& FileHdr::fields(const AssertingFunction& function) { return CastToStructFILEHDR(record.bytes(function)); }
 
-void FileHdr::setMagicNumber() { fields("void FileHdr::setMagicNumber ()").magicNumber = 0x01DF; }
+void FileHdr::setMagicNumber() { fields("void FileHdr::setMagicNumber ()").magicNumber = objectMagicNumber; }
 
 unsigned short FileHdr::getMagicNumber() { return fields("short unsigned int FileHdr::getMagicNumber ()").magicNumber; }
 

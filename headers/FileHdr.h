@@ -28,6 +28,8 @@ static_assert(sizeof(FILEHDR) == 20);
 // Every operation but valid(), getLength(), writeHeader() and destruction asserts valid().
 class FileHdr {
  public:
+  static constexpr unsigned short objectMagicNumber = 0x01DF;
+
   // `length` zero bytes; valid from 20 on.
   explicit FileHdr(unsigned int length);
   // The first 20 of the bytes; valid when there are that many.

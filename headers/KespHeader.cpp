@@ -9,7 +9,6 @@ namespace {
 
 constexpr char source[] = "KespHeader";
 constexpr unsigned int fixedSize = sizeof(KESPHDR);
-constexpr int shortVersion = 2;
 
 KESPHDR& CastToStructKESPHDR(ByteString& bytes) { return ViewAs<KESPHDR>(bytes); }
 

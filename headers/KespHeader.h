@@ -51,6 +51,7 @@ static_assert(sizeof(KESPHDR) == 104);
 class KespHeader {
  public:
   static constexpr unsigned short lidMagicNumber = 0x0222;
+  static constexpr int shortVersion = 2;
 
   // A new header of version 3 in `size` bytes, with the phylum data F0 00 00 00; valid from 104 on.
   explicit KespHeader(unsigned int size);

@@ -39,7 +39,7 @@ void ScnHdr::setOffsetToRawData(long offset)
   fields("void ScnHdr::setOffsetToRawData (long int)").offsetToRawData = Low32(offset);
 }
 
-void ScnHdr::setSectionFlagAsData() { fields("void ScnHdr::setSectionFlagAsData ()").flags = 0x20; }
+void ScnHdr::setSectionFlagAsData() { fields("void ScnHdr::setSectionFlagAsData ()").flags = dataSectionFlag; }
 
 void ScnHdr::Endian()
 {

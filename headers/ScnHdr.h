@@ -34,6 +34,8 @@ static_assert(sizeof(SCNHDR) == 40);
 // Every operation but valid(), getLength(), writeHeader() and destruction asserts valid().
 class ScnHdr {
  public:
+  static constexpr unsigned int dataSectionFlag = 0x20;
+
   // `length` zero bytes; valid from 40 on.
   explicit ScnHdr(unsigned int length);
   // All of the bytes; valid when there are at least 16, filled up with zero bytes to 40.

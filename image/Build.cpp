@@ -1,8 +1,5 @@
 #include "image/Build.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <cerrno>
 
@@ -11,8 +8,8 @@
 #include "foundation/Allocate.h"
 #include "foundation/ReturnCode.h"
 #include "foundation/StandardStreams.h"
-#include "foundation/SystemCall.h"
 #include "image/Deps.h"
+#include "image/InputFile.h"
 #include "image/ReplacedFile.h"
 
 namespace {
@@ -20,12 +17,10 @@ namespace {
 // What keeps the tool from reading the file, found by trying again.
 Reason WhyNotRead(const FileName& name)
 {
-  const std::string file = ToText(name.getSource());
-  FileDescriptor again;
-  if (const int error = again.open(name.getSource(), O_RDONLY | O_NONBLOCK)) return {file, "cannot open", error};
-  char byte = 0;
-  const auto got = Uninterrupted([&] { return ::read(again.descriptor(), &byte, 1); });
-  return {file, "cannot read", got < 0 ? errno : 0};
+  InputFile again(ToText(name.getSource()));
+  unsigned char byte = 0;
+  if (!again.reason()) again.read(0, {&byte, 1});
+  return again.reason().value_or(Reason{again.name(), "cannot read"});
 }
 
 // The file that made the tool's step end with the code; none when it was no file's fault.

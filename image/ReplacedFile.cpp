@@ -89,7 +89,7 @@ ReplacedFile::ReplacedFile(const std::string& given) : name(given), place_(given
   lookup = FollowLinks(place_);
   if (isAbsent) {
     kind = Kind::absent;
-  } else if (IsSameFile(place_, old)) {
+  } else if (place_ == name || IsSameFile(place_, old)) {
     kind = Kind::regular;
   } else {
     place_ = name;  // led to by /proc, but without a name of its own
@@ -147,11 +147,17 @@ int ReplacedFile::makeTemporary()
   return temporary.create(folder(), file);
 }
 
-// Another user's file stays that user's, where the operating system lets it.
+// Another user's file stays that user's, or at least its group's, where the operating system lets it.
 int ReplacedFile::keepPermissions() const
 {
   const int descriptor = file.descriptor();
-  if (::fchown(descriptor, old.st_uid, old.st_gid) != 0 && ::fchown(descriptor, uid_t(-1), old.st_gid) != 0) errno = 0;
+  struct stat made = {};
+  if (::fstat(descriptor, &made) != 0) return errno;
+  if (made.st_uid != old.st_uid || made.st_gid != old.st_gid) {
+    static_cast<void>(::fchown(descriptor, old.st_uid, old.st_gid) == 0 ||
+                      ::fchown(descriptor, made.st_uid, old.st_gid) == 0);
+  }
+  if ((made.st_mode & permissionBits) == (old.st_mode & permissionBits)) return 0;
   return ErrorOf(::fchmod(descriptor, old.st_mode & permissionBits));
 }
 

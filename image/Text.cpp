@@ -2,6 +2,95 @@
 
 #include <fmt/format.h>
 
+#include <charconv>
+#include <iterator>
+
+#include "image/Tables.h"
+
+namespace {
+
+constexpr std::size_t rawBytesShown = 16;
+
+// The bytes of reserved fields that are not zero in full, of others at most the first 16.
+std::string RawText(const Field& field)
+{
+  if (field.bytes.size() <= rawBytesShown) return Hexadecimal(field.bytes);
+  if (field.row->kind == FieldKind::reserved) return {};
+  return Hexadecimal(field.bytes.first(rawBytesShown - 1)) + "..";
+}
+
+// Columns without the formatting library, which takes three times as long: a field is a row, an image has a hundred.
+void AppendLeft(std::string& text, std::string_view value, std::size_t width)
+{
+  text += value;
+  text.append(width > value.size() ? width - value.size() : 0, ' ');
+}
+
+void AppendRight(std::string& text, std::uint64_t number, std::size_t width)
+{
+  char digits[20];
+  const char* end = std::to_chars(std::begin(digits), std::end(digits), number).ptr;
+  const auto length = static_cast<std::size_t>(end - digits);
+  text.append(width > length ? width - length : 0, ' ');
+  text.append(digits, length);
+}
+
+void AppendField(std::string& text, const Field& field)
+{
+  AppendRight(text, field.offset, 8);
+  AppendRight(text, field.length, 6);
+  text += "  ";
+  AppendLeft(text, RawText(field), 2 * rawBytesShown);
+  text += "  ";
+  AppendLeft(text, field.row->name, 28);
+  text += ValueText(*field.row, field.value);
+  if (!field.remark.empty()) text.append(" (").append(field.remark).append(")");
+  if (field.row->keyword != nullptr) text.append("  ").append(field.row->keyword);
+  text += '\n';
+}
+
+void AppendRecord(std::string& text, const Record& record)
+{
+  auto out = std::back_inserter(text);
+  fmt::format_to(out, "{}, {} bytes at {}", record.row->name, record.length, record.offset);
+  if (record.held < record.length) fmt::format_to(out, ", of which {} are missing", record.length - record.held);
+  text += '\n';
+  for (const Field& field : record.fields) AppendField(text, field);
+}
+
+void AppendFailure(std::string& text, const CheckRow& check, const std::string& file, const Failure& failure)
+{
+  auto out = std::back_inserter(text);
+  fmt::format_to(out, "{}: {}:", file, check.name);
+  if (failure.field != nullptr) {
+    fmt::format_to(out, " {} at {} is {}", FieldName(*failure.record, *failure.field), failure.offset,
+                   ValueText(*failure.field, failure.found));
+    if (!std::holds_alternative<std::monostate>(failure.expected)) {
+      fmt::format_to(out, ", not {}", ValueText(*failure.field, failure.expected));
+    }
+    if (!failure.message.empty()) text += ',';
+  }
+  if (!failure.message.empty()) text += ' ' + failure.message;
+  const auto* found = std::get_if<std::uint64_t>(&failure.found);
+  const auto* expected = std::get_if<std::uint64_t>(&failure.expected);
+  if (failure.field == nullptr && found != nullptr && expected != nullptr) {
+    fmt::format_to(out, ": {} bytes, not {}", *found, *expected);
+  }
+  text += '\n';
+}
+
+std::string ValueText(const Difference& difference, int side)
+{
+  return difference.offsets[side] ? ValueText(*difference.field, difference.values[side]) : "(none)";
+}
+
+void AppendValues(std::string& text, std::span<const CodedValue> values)
+{
+  for (const CodedValue& value : values) fmt::format_to(std::back_inserter(text), " {}={}", value.value, value.code);
+}
+
+}  // namespace
+
 std::string Text(const Finding& finding)
 {
   std::string text = finding.file;
@@ -9,4 +98,88 @@ std::string Text(const Finding& finding)
   text += fmt::format(": {}: {}", SeverityName(finding.severity), finding.message);
   if (finding.code != 0) text += fmt::format(" (code {})", finding.code);
   return text + fmt::format(" [{}]", finding.rule);
+}
+
+std::string Text(const Image& image)
+{
+  std::string text;
+  text.reserve(8192);
+  auto out = std::back_inserter(text);
+  fmt::format_to(out, "{}: {} bytes\n", image.file.name(), image.file.size());
+  for (const Record& record : image.records) AppendRecord(text, record);
+  if (image.file.size() < image.expectedSize) {
+    fmt::format_to(out, "cut: {} bytes of {} are missing\n", image.expectedSize - image.file.size(),
+                   image.expectedSize);
+  } else if (image.file.size() > image.expectedSize) {
+    fmt::format_to(out, "too long: {} bytes follow the LID\n", image.file.size() - image.expectedSize);
+  }
+  return text;
+}
+
+std::string Text(const ListRow& row, const Image& image)
+{
+  return fmt::format("{:<8}  {:<8}  {:<4}  {:<19}  {:>10}  {}\n", row.loadId, row.name, row.versionLevel, row.built,
+                     row.lidSize, image.file.name());
+}
+
+std::string Text(const VerifyResult& verified, const std::string& file, bool all)
+{
+  std::string text;
+  std::vector<const char*> unchecked;
+  for (const CheckResult& result : verified.checks) {
+    if (!result.made) unchecked.push_back(result.check->name);
+    for (const Failure& failure : result.failures) AppendFailure(text, *result.check, file, failure);
+    if (all && result.made && result.failures.empty()) text += fmt::format("{}: {}: ok\n", file, result.check->name);
+    for (const std::string& remark : result.remarks) {
+      if (all || result.check == &CheckOf(CheckId::textFields) || result.check == &CheckOf(CheckId::inputs)) {
+        text += fmt::format("{}: {}: {}\n", file, result.check->name, remark);
+      }
+    }
+  }
+  if (!unchecked.empty()) text += fmt::format("{}: not checked: {}\n", file, fmt::join(unchecked, ", "));
+  return text;
+}
+
+std::string Text(const DiffResult& diff)
+{
+  std::string text;
+  auto out = std::back_inserter(text);
+  for (const Difference& difference : diff.differences) {
+    fmt::format_to(out, "{}: {} -> {}\n", FieldName(*difference.record, *difference.field), ValueText(difference, 0),
+                   ValueText(difference, 1));
+  }
+  if (diff.payload) {
+    fmt::format_to(out, "LID: {} bytes -> {} bytes, different from byte {} on\n", diff.payload->lengths[0],
+                   diff.payload->lengths[1], diff.payload->first);
+  } else if (!diff.differences.empty()) {
+    text += "LID: the same\n";
+  }
+  for (const std::string& note : diff.notes) fmt::format_to(out, "note: {}\n", note);
+  return text;
+}
+
+std::string FieldsText()
+{
+  std::string text;
+  auto out = std::back_inserter(text);
+  for (const RecordRow& record : RecordRows()) {
+    fmt::format_to(out, "record {} {}\n", record.name, record.length);
+    for (const FieldRow& field : record.fields) {
+      fmt::format_to(out, "field {}.{} {} {} {}", record.name, field.name, FirstByte(field), ByteCount(field),
+                     FieldKindName(field.kind));
+      if (field.keyword != nullptr) fmt::format_to(out, " {}", field.keyword);
+      AppendValues(text, field.values);
+      text += '\n';
+    }
+  }
+  for (const KeywordRow& keyword : KeywordRows()) {
+    fmt::format_to(out, "keyword {} {}: {}\n", keyword.keyword, MayStandInVpdinfo(keyword) ? "either" : "main",
+                   keyword.effect);
+  }
+  for (const CheckRow& check : CheckRows()) fmt::format_to(out, "check {}: {}\n", check.name, check.summary);
+  for (const LintRule& rule : LintRules()) {
+    fmt::format_to(out, "rule {} {}: {}\n", rule.name, SeverityName(rule.severity), rule.summary);
+  }
+  for (const CodeRow& code : CodeRows()) fmt::format_to(out, "code {}: {}\n", code.code, code.meaning);
+  return text;
 }

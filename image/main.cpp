@@ -10,18 +10,22 @@
 #include "foundation/StandardStreams.h"
 #include "image/Build.h"
 #include "image/Deps.h"
+#include "image/Diff.h"
 #include "image/Json.h"
 #include "image/Lint.h"
 #include "image/Output.h"
 #include "image/Text.h"
+#include "image/Verify.h"
 
 namespace {
 
 struct Arguments {
+  std::vector<std::string> files;
   Inputs inputs;
   BuildOptions build;
   std::vector<std::string> disabled;
   bool json = false;
+  bool verbose = false;
   Output out;
 };
 
@@ -102,6 +106,110 @@ int RunLint(Arguments& arguments)
   return result.status;
 }
 
+void AddImages(CLI::App& app, Arguments& arguments)
+{
+  app.add_option("images", arguments.files, "the images")->required()->type_name("IMAGE");
+}
+
+void ImagesOptions(CLI::App& app, Arguments& arguments)
+{
+  AddImages(app, arguments);
+  AddJson(app, arguments);
+}
+
+// Calls `print`, which adds what is to be said of an image to the output and returns the status, for each of the
+// images.
+template <class Print>
+int ForEachImage(Arguments& arguments, const char* command, Print print)
+{
+  int status = allWell;
+  const char* before = "";
+  if (arguments.json) arguments.out.add(JsonBegin(command));
+  for (const std::string& file : arguments.files) {
+    Image image(file);
+    if (arguments.json) arguments.out.add(before);
+    before = ",";
+    status = std::max<int>(status, print(image));
+  }
+  if (arguments.json) arguments.out.add(JsonEnd());
+  return status;
+}
+
+int RunShow(Arguments& arguments)
+{
+  return ForEachImage(arguments, "show", [&](const Image& image) {
+    if (image.file.reason()) PrintReason(*image.file.reason());
+    if (arguments.json) {
+      arguments.out.add(Json(image));
+    } else if (image.status() != couldNot) {
+      arguments.out.add(Text(image));
+    }
+    return image.status();
+  });
+}
+
+int RunList(Arguments& arguments)
+{
+  return ForEachImage(arguments, "list", [&](const Image& image) {
+    if (image.file.reason()) PrintReason(*image.file.reason());
+    if (arguments.json) {
+      arguments.out.add(image.status() == couldNot ? Json(image) : Json(List(image), image));
+    } else if (image.status() != couldNot) {
+      arguments.out.add(Text(List(image), image));
+    }
+    return image.status();
+  });
+}
+
+void VerifyOptions(CLI::App& app, Arguments& arguments)
+{
+  AddImages(app, arguments);
+  CLI::Option* lid = app.add_option("-l,--lid", arguments.inputs.lid, "is this LID in the image")->type_name("FILE");
+  CLI::Option* source =
+      app.add_option("-r,--source", arguments.inputs.source, "do the LID and this RUVPD source make the image")
+          ->type_name("FILE")
+          ->needs(lid);
+  app.add_option("--vpdinfo", arguments.inputs.vpdinfo,
+                 "the VPDINFO source, in place of the one beside the RUVPD source")
+      ->type_name("FILE")
+      ->needs(source);
+  AddTimes(app, arguments.inputs);
+  app.add_flag("--verbose", arguments.verbose, "print all checks");
+  AddJson(app, arguments);
+}
+
+int RunVerify(Arguments& arguments)
+{
+  return ForEachImage(arguments, "verify", [&](Image& image) {
+    const VerifyResult result = Verify(image, arguments.inputs);
+    arguments.out.add(arguments.json ? Json(result, image) : Text(result, image.file.name(), arguments.verbose));
+    PrintReasons(result.reasons);
+    return result.status;
+  });
+}
+
+void DiffOptions(CLI::App& app, Arguments& arguments)
+{
+  app.add_option("images", arguments.files, "the two images")->required()->expected(2)->type_name("IMAGE");
+  AddJson(app, arguments);
+}
+
+int RunDiff(Arguments& arguments)
+{
+  Image one(arguments.files[0]);
+  Image other(arguments.files[1]);
+  const DiffResult result = Diff(one, other);
+  arguments.out.add(arguments.json ? Json(result, one, other) : Text(result));
+  PrintReasons(result.reasons);
+  return result.status;
+}
+
+int RunFields(Arguments& arguments)
+{
+  arguments.out.add(arguments.json ? FieldsJson() : FieldsText());
+  return allWell;
+}
+
 struct Command {
   const char* name;
   const char* summary;
@@ -117,20 +225,28 @@ constexpr Command commands[] = {
      RunDeps},
     {"lint", "Tell what kelvra would silently skip, cut, default or refuse", "kelvra-image lint -l part.kesp",
      LintOptions, RunLint},
+    {"show", "Show every byte of the headers, named and decoded", "kelvra-image show part.ruhx", ImagesOptions,
+     RunShow},
+    {"list", "Print a line about each image", "kelvra-image list *.ruhx", ImagesOptions, RunList},
+    {"diff", "Tell in which fields two images differ", "kelvra-image diff old.ruhx new.ruhx", DiffOptions, RunDiff},
+    {"verify", "Prove an image, alone or with its inputs", "kelvra-image verify part.ruhx -l part.kesp -r part.lidhdr",
+     VerifyOptions, RunVerify},
+    {"fields", "Print the layout, keywords, checks, rules and codes", "kelvra-image fields --json", AddJson, RunFields},
 };
 
-// A command's options are set up only when it is the one that is called.
+// A command that is called is set up alone: all of them together take as long as the making of a small image.
 const Command* Parse(CLI::App& app, Arguments& arguments, int argc, char** argv)
 {
+  const Command* called = std::ranges::find_if(
+      commands, [&](const Command& command) { return argc > 1 && std::string_view(argv[1]) == command.name; });
   app.require_subcommand(1);
-  app.set_version_flag("--version", "kelvra-image " KELVRA_VERSION);
-  const Command* called = nullptr;
-  for (const Command& command : commands) {
-    CLI::App* sub = app.add_subcommand(command.name, command.summary);
-    if (argc < 2 || std::string_view(argv[1]) != command.name) continue;
-    command.options(*sub, arguments);
-    sub->footer(std::string("Example: ") + command.example);
-    called = &command;
+  if (called != std::end(commands)) {
+    CLI::App* command = app.add_subcommand(called->name, called->summary);
+    called->options(*command, arguments);
+    command->footer(std::string("Example: ") + called->example);
+  } else {
+    app.set_version_flag("--version", "kelvra-image " KELVRA_VERSION);
+    for (const Command& command : commands) app.add_subcommand(command.name, command.summary);
   }
   app.parse(argc, argv);
   return called;

@@ -1,0 +1,18 @@
+#include "image/List.h"
+
+#include "headers/VPDHdrX.h"
+#include "image/BuildMoment.h"
+
+ListRow List(const Image& image)
+{
+  const std::uint64_t vpd = image.file.offsetOf(RecordId::vpdHeader);
+  const auto bytes = [&](std::size_t offset, std::size_t length) { return image.file.bytes(vpd + offset, length); };
+  const Bytes loadId = bytes(offsetof(VPDHDR, ruLoadId), sizeof(VPDHDR::ruLoadId));
+  ListRow row;
+  if (!IsZero(loadId)) row.loadId = Hexadecimal(loadId);
+  row.name = FromEbcdic(bytes(offsetof(VPDHDR, ruName), sizeof(VPDHDR::ruName)));
+  row.versionLevel = FromEbcdic(bytes(offsetof(VPDHDR, versionLevel), sizeof(VPDHDR::versionLevel)));
+  if (const auto moment = BuildMomentOf(image.file)) row.built = TimeText(moment->local);
+  row.lidSize = image.file.layout().lidLength;
+  return row;
+}

@@ -1,0 +1,31 @@
+#include "image/Payload.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace {
+
+constexpr std::size_t pieceSize = std::size_t{1} << 18;
+
+}  // namespace
+
+std::optional<std::uint64_t> FirstDifference(const Payload& one, const Payload& other)
+{
+  const std::uint64_t common = std::min(one.length(), other.length());
+  std::vector<unsigned char> oneBytes(std::min<std::uint64_t>(pieceSize, common));
+  std::vector<unsigned char> otherBytes(oneBytes.size());
+  for (std::uint64_t done = 0; done < common;) {
+    const std::size_t wanted = std::min<std::uint64_t>(pieceSize, common - done);
+    const std::size_t oneCount = one.file.read(one.offset + done, std::span(oneBytes).first(wanted));
+    const std::size_t otherCount = other.file.read(other.offset + done, std::span(otherBytes).first(wanted));
+    if (one.file.reason() || other.file.reason()) return std::nullopt;
+    const std::size_t count = std::min(oneCount, otherCount);
+    const Bytes piece = Bytes(oneBytes).first(count);
+    const auto [differs, ignored] = std::ranges::mismatch(piece, Bytes(otherBytes).first(count));
+    done += static_cast<std::uint64_t>(differs - piece.begin());
+    // A file that has become shorter differs where it ends now.
+    if (differs != piece.end() || count < wanted) return done;
+  }
+  if (one.length() == other.length()) return std::nullopt;
+  return common;
+}

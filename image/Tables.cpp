@@ -1,0 +1,28 @@
+#include "image/Tables.h"
+
+#include <map>
+
+#include "builder/Morvik.h"
+#include "driver/Kelvra.h"
+#include "source/SPASourceProgram.h"
+
+std::vector<CodeRow> CodeRows()
+{
+  std::map<int, std::string> meanings;
+  for (const MessageRow& row : KelvraMessages()) meanings[row.code] = row.text;
+  for (const MessageRow& row : MorvikMessages()) meanings[row.code] = row.text;
+  // The one code without a message: the refusal line stands for it.
+  for (const KeywordRow& keyword : KeywordRows()) {
+    if (keyword.refusal != success)
+      meanings.try_emplace(keyword.refusal, "Invalid value of " + std::string(keyword.keyword));
+  }
+  std::vector<CodeRow> rows;
+  for (const auto& [code, meaning] : meanings) rows.push_back({code, meaning});
+  return rows;
+}
+
+bool MayStandInVpdinfo(const KeywordRow& keyword)
+{
+  String label = keyword.keyword;
+  return labelOk(label) == 1;
+}
