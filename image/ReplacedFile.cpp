@@ -63,7 +63,8 @@ int LinkAndRename(const char* file, const char* hidden, const char* target)
 }
 
 // The same in a child, which shares this process's memory but not its end: who kills this process, or all of its group,
-// does not come between the two steps and leave the hidden name.
+// does not come between the two steps and leave the hidden name. A session of its own would part them too, but makes
+// the scheduler put the two processes into different groups, at ten times the cost.
 int LinkAndRenameUnparted(const char* file, const char* hidden, const char* target)
 {
   volatile int result = EINTR;    // of a child that was killed before it began

@@ -234,22 +234,34 @@ constexpr Command commands[] = {
     {"fields", "Print the layout, keywords, checks, rules and codes", "kelvra-image fields --json", AddJson, RunFields},
 };
 
-// A command that is called is set up alone: all of them together take as long as the making of a small image.
-const Command* Parse(CLI::App& app, Arguments& arguments, int argc, char** argv)
+// The command that the first argument names, or null.
+const Command* FindCommand(int argc, char** argv)
 {
-  const Command* called = std::ranges::find_if(
-      commands, [&](const Command& command) { return argc > 1 && std::string_view(argv[1]) == command.name; });
+  if (argc < 2) return nullptr;
+  const std::string_view name = argv[1];
+  const auto* found = std::ranges::find_if(commands, [&](const Command& command) { return name == command.name; });
+  return found != std::end(commands) ? found : nullptr;
+}
+
+// A command has a parser of its own, which is all that it sets up: that is a good part of the time of a small build.
+void ParseFor(const Command& command, CLI::App& app, Arguments& arguments, int argc, char** argv)
+{
+  app.description(command.summary);
+  app.name(std::string("kelvra-image ") + command.name);
+  app.footer(std::string("Example: ") + command.example);
+  command.options(app, arguments);
+  app.parse(argc - 1, argv + 1);
+}
+
+// Without a command there is only help, the version, or a mistake to be told of.
+void ParseAlone(CLI::App& app, int argc, char** argv)
+{
+  app.name("kelvra-image");
+  app.description("Makes, shows, proves, compares and checks the images that kelvra makes.");
+  app.set_version_flag("--version", "kelvra-image " KELVRA_VERSION);
   app.require_subcommand(1);
-  if (called != std::end(commands)) {
-    CLI::App* command = app.add_subcommand(called->name, called->summary);
-    called->options(*command, arguments);
-    command->footer(std::string("Example: ") + called->example);
-  } else {
-    app.set_version_flag("--version", "kelvra-image " KELVRA_VERSION);
-    for (const Command& command : commands) app.add_subcommand(command.name, command.summary);
-  }
+  for (const Command& command : commands) app.add_subcommand(command.name, command.summary);
   app.parse(argc, argv);
-  return called;
 }
 
 }  // namespace
@@ -260,14 +272,18 @@ int main(int argc, char** argv)
   std::signal(SIGPIPE, SIG_IGN);
   std::signal(SIGXFSZ, SIG_IGN);
   Arguments arguments;
-  CLI::App app("Makes, shows, proves, compares and checks the images that kelvra makes.");
+  CLI::App app;
   int status = couldNot;
   try {
-    const Command* command = Parse(app, arguments, argc, argv);
-    if (const auto reason = TakeSourceDateEpoch(arguments.inputs)) {
-      PrintReason(*reason);
+    if (const Command* command = FindCommand(argc, argv)) {
+      ParseFor(*command, app, arguments, argc, argv);
+      if (const auto reason = TakeSourceDateEpoch(arguments.inputs)) {
+        PrintReason(*reason);
+      } else {
+        status = command->run(arguments);
+      }
     } else {
-      status = command->run(arguments);
+      ParseAlone(app, argc, argv);
     }
   } catch (const CLI::ParseError& error) {
     // Help and version are such errors too.
