@@ -10,16 +10,16 @@ namespace {
 
 bool IsControl(char ch) { return static_cast<unsigned char>(ch) < ' ' || ch == '\x7f'; }
 
-// Whether a word of GNU make's or a character stands in the name that one of the two readers takes for something else,
-// and for which it has no escape, or not the other's.
+// Whether one of the two readers would take the name, or a part of it, for something else, and knows no escape for it,
+// or none that the other one reads too.
 bool IsOutsideDepfiles(const std::string& name)
 {
   if (std::ranges::any_of(name, IsControl) || name.find_first_of("=[*?|;\"'&<>^`") != std::string::npos) return true;
   for (const char* pair : {"\\#", "\\:", "\\$", "\\%"}) {
     if (name.find(pair) != std::string::npos) return true;
   }
-  return name.starts_with('~') || name.ends_with('\\') || name.ends_with(':') || name.ends_with(')') ||
-         name == "define" || name == "undefine";
+  return name.starts_with('~') || name.ends_with('\\') || name.ends_with(' ') || name.ends_with(':') ||
+         name.ends_with(')') || name == "define" || name == "undefine";
 }
 
 // Backslashes are themselves, but before a blank they are doubled.
