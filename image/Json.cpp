@@ -147,6 +147,7 @@ std::string JsonEnd() { return "]}\n"; }
 std::string Json(const Image& image)
 {
   Object object = ImageObject(image);
+  if (image.file.reason()) return DumpImage(object);
   object["records"] = Object::array();
   for (const Record& record : image.records) {
     if (record.row == &RecordOf(RecordId::lidHeader)) {
@@ -161,6 +162,7 @@ std::string Json(const Image& image)
 std::string Json(const ListRow& row, const Image& image)
 {
   Object object = ImageObject(image);
+  if (image.file.reason()) return DumpImage(object);
   object["loadId"] = row.loadId;
   object["name"] = row.name;
   object["versionLevel"] = row.versionLevel;
