@@ -45,7 +45,7 @@ static void Read(ByteString& s, Vector& model, const string& file, unsigned int 
   std::istringstream stream(file);
   ReadStream in(&stream);
   in.getByteString(s, count);
-  Require(s.equal(Bytes(file.substr(0, count))), "up to so many bytes");
+  Require(s.equal(ToBytes(file.substr(0, count))), "up to so many bytes");
   ByteString rest;
   in.getByteString(rest);
   s += rest;
@@ -53,7 +53,7 @@ static void Read(ByteString& s, Vector& model, const string& file, unsigned int 
   Require(!in.failure() && in.endOfFile(), "all of the input, without failure");
 }
 
-static void Run(FuzzInput input)
+void FuzzByteString(FuzzInput input)
 {
   ByteString s;
   Vector m;
@@ -63,7 +63,7 @@ static void Run(FuzzInput input)
     const unsigned int a = flags % (s.length() + 1), end = s.length(), place = 256 * flags + b;
     const string raw = input.text();
     const Vector added = flags % 2 == 0 ? Vector(raw.begin(), raw.end()) : m, one = {byte};
-    const ByteString own = Bytes(raw), &other = flags % 2 == 0 ? own : s;
+    const ByteString own = ToBytes(raw), &other = flags % 2 == 0 ? own : s;
     string digits = raw;
     for (char& ch : digits) ch = flags < 64 ? ch : hexDigit[ch & (flags < 160 ? 15 : 1)];
     const bool left = b % 2 == 0;
@@ -79,8 +79,10 @@ static void Run(FuzzInput input)
         [&] { s.clear(), m.clear(); }, [&] { Require(s.equal(other) == (m == added), "equality"); },
         [&] { SetDigit(s, m, 16, place, byte); }, [&] { SetDigit(s, m, 2, place, byte); },
         [&] { end == 0 ? byte : s[place % end] = m[place % end] = byte; }, [&] { Read(s, m, raw, count); },
-        [&] { Require(All(ByteString::FromHexString(Text(digits), left)) == Spelled(digits, 16, left), "hex"); },
-        [&] { Require(All(ByteString::FromBinaryString(Text(digits), left)) == Spelled(digits, 2, left), "binary"); });
+        [&] { Require(All(ByteString::FromHexString(ToString(digits), left)) == Spelled(digits, 16, left), "hex"); },
+        [&] {
+          Require(All(ByteString::FromBinaryString(ToString(digits), left)) == Spelled(digits, 2, left), "binary");
+        });
     Require(All(s) == m, "the bytes");
     if (m.size() > 400) s.clear(), m.clear();
   }

@@ -49,7 +49,7 @@ static void CheckBlock(const ByteString& block, const String& member)
   Require(nameLength == 0 || wire(240, 8).toHexString() == "0000000000000200", "offset of a long name");
 }
 
-static void Run(FuzzInput input)
+void FuzzSource(FuzzInput input)
 {
   static const char* const types[] = {".lidhdr", ".vpdinfo", ".SFGINFO", ".pfginfo", "", ".x"};
   static auto& silence = *new NullBuffer;
@@ -64,7 +64,8 @@ static void Run(FuzzInput input)
   const auto table = Parsed(input.rest, restricted);
   Require(OptionTable().count() == table.size(), "nothing else is stored");
   for (const auto& [label, value] : table)
-    Require(OptionTable().includes(Text(label)) == 1 && OptionTable().get(Text(label)) == Text(value), "it is stored");
+    Require(OptionTable().includes(ToString(label)) == 1 && OptionTable().get(ToString(label)) == ToString(value),
+            "it is stored");
   Morvik builder;
   Require(builder.morvikParse(name, "20260314", "092620") == 0, "name, date and time are taken");
   const int code = MorvikCreateHeader(&builder);

@@ -25,11 +25,7 @@ std::string Raw(std::string_view hex)
   return raw;
 }
 
-ByteString Bytes(std::string_view hex)
-{
-  const std::string raw = Raw(hex);
-  return ByteString(raw.data(), static_cast<unsigned int>(raw.size()));
-}
+ByteString Bytes(std::string_view hex) { return ToBytes(Raw(hex)); }
 
 std::string Hex(std::string_view raw)
 {
@@ -43,14 +39,7 @@ std::string Hex(std::string_view raw)
   return text;
 }
 
-std::string Hex(const ByteString& bytes)
-{
-  std::string raw;
-  for (unsigned int i = 0; i < bytes.length(); i++) raw += static_cast<char>(bytes.getNthByte(i));
-  return Hex(raw);
-}
-
-std::string Text(const String& text) { return std::string(static_cast<const char*>(text), text.length()); }
+std::string Hex(const ByteString& bytes) { return Hex(Text(bytes)); }
 
 TemporaryFolder::TemporaryFolder()
 {
@@ -73,16 +62,14 @@ std::string TemporaryFolder::write(std::string_view name, std::string_view conte
   return *this / name;
 }
 
-std::string TemporaryFolder::read(std::string_view name) const
+std::string Content(const std::string& name)
 {
-  std::ifstream file(*this / name, std::ios::binary);
+  std::ifstream file(name, std::ios::binary);
   EXPECT_TRUE(file.is_open()) << name;
   std::ostringstream content;
   content << file.rdbuf();
   return content.str();
 }
-
-bool TemporaryFolder::has(std::string_view name) const { return std::filesystem::exists(*this / name); }
 
 void TemporaryFolder::setModified(std::string_view name, long seconds) const
 {
@@ -90,37 +77,25 @@ void TemporaryFolder::setModified(std::string_view name, long seconds) const
   EXPECT_EQ(utimensat(AT_FDCWD, (*this / name).c_str(), times, 0), 0) << name;
 }
 
-Outcome RunKelvra(const TemporaryFolder& folder, const std::vector<std::string>& arguments, const std::string& zone)
+Outcome RunKelvra(const TemporaryFolder& folder, std::vector<std::string> arguments, const std::string& zone)
 {
   const TemporaryFolder streams;
-  const std::string outFile = streams.write("out", "");
-  const std::string errFile = streams.write("err", "");
-  std::vector<std::string> words = {KELVRA_EXECUTABLE};
-  words.insert(words.end(), arguments.begin(), arguments.end());
-  std::vector<char*> argv;
-  argv.reserve(words.size() + 1);
-  for (std::string& word : words) argv.push_back(word.data());
+  const std::string out = streams.write("out", ""), err = streams.write("err", "");
+  std::string tool = KELVRA_EXECUTABLE, timeZone = "TZ=" + zone;
+  std::vector<char*> argv = {tool.data()};
+  for (std::string& argument : arguments) argv.push_back(argument.data());
   argv.push_back(nullptr);
-  std::string timeZone = "TZ=" + zone;
   char* environment[] = {timeZone.data(), nullptr};
-
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
   posix_spawn_file_actions_addopen(&actions, 0, "/dev/null", O_RDONLY, 0);
-  posix_spawn_file_actions_addopen(&actions, 1, outFile.c_str(), O_WRONLY, 0);
-  posix_spawn_file_actions_addopen(&actions, 2, errFile.c_str(), O_WRONLY, 0);
+  posix_spawn_file_actions_addopen(&actions, 1, out.c_str(), O_WRONLY, 0);
+  posix_spawn_file_actions_addopen(&actions, 2, err.c_str(), O_WRONLY, 0);
   posix_spawn_file_actions_addchdir_np(&actions, folder.path().c_str());
   pid_t child = -1;
-  const int spawned = posix_spawn(&child, words[0].c_str(), &actions, nullptr, argv.data(), environment);
-  posix_spawn_file_actions_destroy(&actions);
-  EXPECT_EQ(spawned, 0) << words[0];
-
-  Outcome outcome;
   int status = 0;
-  if (spawned == 0 && waitpid(child, &status, 0) == child) {
-    outcome.status = WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
-  }
-  outcome.out = streams.read("out");
-  outcome.err = streams.read("err");
-  return outcome;
+  EXPECT_EQ(posix_spawn(&child, tool.c_str(), &actions, nullptr, argv.data(), environment), 0) << tool;
+  EXPECT_EQ(waitpid(child, &status, 0), child);
+  posix_spawn_file_actions_destroy(&actions);
+  return {WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status), Content(out), Content(err)};
 }

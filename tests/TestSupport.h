@@ -5,8 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "foundation/ByteString.h"
-#include "foundation/String.h"
+#include "tests/Convert.h"
 
 // "01 AB ff" as bytes; white space is free. Worked out here, not by the code under test.
 std::string Raw(std::string_view hex);
@@ -16,8 +15,8 @@ ByteString Bytes(std::string_view hex);
 std::string Hex(std::string_view raw);
 std::string Hex(const ByteString& bytes);
 
-// The text of a String, NUL bytes included.
-std::string Text(const String& text);
+// The file's bytes; fails the test when it cannot be read.
+std::string Content(const std::string& name);
 
 // An own folder below the system's temporary folder, removed with all that is in it.
 class TemporaryFolder {
@@ -31,9 +30,7 @@ class TemporaryFolder {
   std::string operator/(std::string_view name) const { return path_ + "/" + std::string(name); }
   // Writes the file `name` in the folder and returns its full name.
   std::string write(std::string_view name, std::string_view content) const;
-  // The file's bytes; fails the test when it cannot be read.
-  std::string read(std::string_view name) const;
-  bool has(std::string_view name) const;
+  std::string read(std::string_view name) const { return Content(*this / name); }
   // Sets the file's modification time, in seconds since the epoch.
   void setModified(std::string_view name, long seconds) const;
 
@@ -42,11 +39,9 @@ class TemporaryFolder {
 };
 
 struct Outcome {
-  int status = -1;  // the exit status, or minus the number of the signal that ended the run
-  std::string out;  // standard output
-  std::string err;  // standard error
+  int status;  // the exit status, or minus the number of the signal that ended the run
+  std::string out, err;
 };
 
 // Runs the built kelvra in `folder` with TZ set to `zone`; its standard input is empty.
-Outcome RunKelvra(const TemporaryFolder& folder, const std::vector<std::string>& arguments,
-                  const std::string& zone = "UTC0");
+Outcome RunKelvra(const TemporaryFolder& folder, std::vector<std::string> arguments, const std::string& zone = "UTC0");
