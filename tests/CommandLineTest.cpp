@@ -33,10 +33,7 @@ void Check(const TemporaryFolder& folder, Words files, const Words& arguments, i
   }
   std::set<std::string> names = Listing(folder);
   if (!output.empty()) names.insert(folder / output);
-  const Outcome run = RunKelvra(folder, arguments);
-  EXPECT_EQ(run.status, status);
-  EXPECT_EQ(run.err, err);
-  EXPECT_EQ(run.out, "");
+  ExpectRun(folder, arguments, status, err);
   EXPECT_EQ(Listing(folder), names);
 }
 

@@ -14,11 +14,8 @@
 
 std::string Raw(std::string_view hex)
 {
-  std::string digits;
-  for (const char ch : hex) {
-    if (ch != ' ' && ch != '\n') digits += ch;
-  }
-  std::string raw;
+  std::string digits(hex), raw;
+  std::erase(digits, ' ');
   for (size_t i = 0; i + 1 < digits.size(); i += 2) {
     raw += static_cast<char>(std::stoi(digits.substr(i, 2), nullptr, 16));
   }
@@ -33,8 +30,7 @@ std::string Hex(std::string_view raw)
   for (const char ch : raw) {
     const auto byte = static_cast<unsigned char>(ch);
     if (!text.empty()) text += ' ';
-    text += "0123456789abcdef"[byte >> 4];
-    text += "0123456789abcdef"[byte & 15];
+    text += {"0123456789abcdef"[byte >> 4], "0123456789abcdef"[byte & 15]};
   }
   return text;
 }
@@ -77,10 +73,11 @@ void TemporaryFolder::setModified(std::string_view name, long seconds) const
   EXPECT_EQ(utimensat(AT_FDCWD, (*this / name).c_str(), times, 0), 0) << name;
 }
 
-Outcome RunKelvra(const TemporaryFolder& folder, std::vector<std::string> arguments, const std::string& zone)
+void ExpectRun(const TemporaryFolder& folder, std::vector<std::string> arguments, int status, const std::string& err,
+               const std::string& zone)
 {
   const TemporaryFolder streams;
-  const std::string out = streams.write("out", ""), err = streams.write("err", "");
+  const std::string outFile = streams.write("out", ""), errFile = streams.write("err", "");
   std::string tool = KELVRA_EXECUTABLE, timeZone = "TZ=" + zone;
   std::vector<char*> argv = {tool.data()};
   for (std::string& argument : arguments) argv.push_back(argument.data());
@@ -89,13 +86,15 @@ Outcome RunKelvra(const TemporaryFolder& folder, std::vector<std::string> argume
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
   posix_spawn_file_actions_addopen(&actions, 0, "/dev/null", O_RDONLY, 0);
-  posix_spawn_file_actions_addopen(&actions, 1, out.c_str(), O_WRONLY, 0);
-  posix_spawn_file_actions_addopen(&actions, 2, err.c_str(), O_WRONLY, 0);
+  posix_spawn_file_actions_addopen(&actions, 1, outFile.c_str(), O_WRONLY, 0);
+  posix_spawn_file_actions_addopen(&actions, 2, errFile.c_str(), O_WRONLY, 0);
   posix_spawn_file_actions_addchdir_np(&actions, folder.path().c_str());
   pid_t child = -1;
-  int status = 0;
+  int ended = 0;
   EXPECT_EQ(posix_spawn(&child, tool.c_str(), &actions, nullptr, argv.data(), environment), 0) << tool;
-  EXPECT_EQ(waitpid(child, &status, 0), child);
+  EXPECT_EQ(waitpid(child, &ended, 0), child);
   posix_spawn_file_actions_destroy(&actions);
-  return {WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status), Content(out), Content(err)};
+  EXPECT_EQ(WIFEXITED(ended) ? WEXITSTATUS(ended) : -WTERMSIG(ended), status);
+  EXPECT_EQ(Content(errFile), err);
+  EXPECT_EQ(Content(outFile), "");
 }

@@ -7,7 +7,7 @@
 
 #include "tests/Convert.h"
 
-// "01 AB ff" as bytes; white space is free. Worked out here, not by the code under test.
+// "01 AB ff" as bytes; blanks are free. Worked out here, not by the code under test.
 std::string Raw(std::string_view hex);
 ByteString Bytes(std::string_view hex);
 
@@ -38,10 +38,7 @@ class TemporaryFolder {
   std::string path_;
 };
 
-struct Outcome {
-  int status;  // the exit status, or minus the number of the signal that ended the run
-  std::string out, err;
-};
-
-// Runs the built kelvra in `folder` with TZ set to `zone`; its standard input is empty.
-Outcome RunKelvra(const TemporaryFolder& folder, std::vector<std::string> arguments, const std::string& zone = "UTC0");
+// Runs the built kelvra in `folder` with TZ set to `zone`; its standard input is empty. It ends with the exit status,
+// or minus the number of the signal that ended it, says `err` and leaves its standard output empty.
+void ExpectRun(const TemporaryFolder& folder, std::vector<std::string> arguments, int status, const std::string& err,
+               const std::string& zone = "UTC0");
