@@ -1,10 +1,7 @@
 // What the model of the fuzzer leaves out: ModelTest holds the edits and the forms.
 #include <gtest/gtest.h>
 
-#include "foundation/ByteStringIterator.h"
 #include "tests/TestSupport.h"
-
-namespace {
 
 TEST(ByteStringTest, GrowthAddsTheOldBlockToTheRequest)
 {
@@ -19,17 +16,6 @@ TEST(ByteStringTest, GrowthAddsTheOldBlockToTheRequest)
   EXPECT_NE(b.getBytePointer(), block);
 }
 
-TEST(ByteStringTest, IteratorGivesEachByteAndDigitsCountFromTheMostSignificantEnd)
-{
-  ByteString b = Bytes("1f a0");
-  std::string bytes;
-  for (ByteStringIterator each(b); each.valid(); each.next()) bytes += static_cast<char>(each.get());
-  EXPECT_EQ(Hex(bytes), "1f a0");
-  b.setNthNibble(2, 0xe9);
-  b.setNthBit(3, false);
-  EXPECT_EQ(Hex(b), "0f 90");
-}
-
 TEST(ByteStringTest, TextWithAnythingButDigitsOfTheBaseGivesNoBytes)
 {
   for (const char* bad : {"0g1", "g12", "12g", "0x1F", "1F 20", "-1", "12\xe9", "1:", "1@", "1G", "1`", "/1"}) {
@@ -39,5 +25,3 @@ TEST(ByteStringTest, TextWithAnythingButDigitsOfTheBaseGivesNoBytes)
     EXPECT_EQ(Hex(ByteString::FromBinaryString(bad, true)), "") << bad;
   }
 }
-
-}  // namespace

@@ -10,8 +10,6 @@
 #include "foundation/Time.h"
 #include "tests/TestSupport.h"
 
-namespace {
-
 TEST(FileNameTest, SourcesSplitAtTheLastSlashAndDotAndRebuildUnchanged)
 {
   for (const std::string row : {"/usr/bin/tool = /usr/bin/|tool|", "dir.x/file = dir.x/|file|", "a.b.c = |a.b|c",
@@ -70,13 +68,11 @@ TEST(TimeTest, FormatsTheLocalMomentWithinItsBuffer)
   unsetenv("TZ");
 }
 
-TEST(ApplicationTest, KeepsItsNameAndVersion)
+TEST(ApplicationTest, KeepsItsVersion)
 {
   Kelvra tool;
-  tool.setName(tool.getName() + "ab");
   tool.setMajorVersion(tool.getMajorVersion() + 2);
   tool.setMinorVersion(tool.getMinorVersion() + 2);
-  EXPECT_EQ(Text(tool.getName()), "ab");
   EXPECT_EQ(tool.getMajorVersion(), 3U);
   EXPECT_EQ(tool.readInitFile(), 0);
   EXPECT_EQ(tool.getMinorVersion(), 2U);
@@ -111,5 +107,3 @@ TEST(AssertionDeathTest, IndexesAndPositionsAfterTheEndEndTheProgramWithTheirLin
   EXPECT_DEATH(PathIterator(Path("::")).next(), "Path:[0-9]+: .*::next .*`valid\\(\\)' failed");
   EXPECT_DEATH(s[-1] = 'x', "^String:[0-9]+: char &String::operator\\[\\] \\(int\\): ");
 }
-
-}  // namespace

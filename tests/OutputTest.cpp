@@ -57,7 +57,8 @@ struct Part : TemporaryFolder {
   {
     for (const char* source : {"part.lidhdr", "qel.vpdinfo"}) write(source, "(* nothing *)\n");
     write("part.kesp", lid);
-    setModified("part.kesp", 1690000000);
+    const std::chrono::sys_seconds modified(std::chrono::seconds(1690000000));
+    fs::last_write_time(*this / "part.kesp", std::chrono::file_clock::from_sys(modified));
   }
 };
 

@@ -67,12 +67,6 @@ std::string Content(const std::string& name)
   return content.str();
 }
 
-void TemporaryFolder::setModified(std::string_view name, long seconds) const
-{
-  const timespec times[2] = {{seconds, 0}, {seconds, 0}};
-  EXPECT_EQ(utimensat(AT_FDCWD, (*this / name).c_str(), times, 0), 0) << name;
-}
-
 void ExpectRun(const TemporaryFolder& folder, std::vector<std::string> arguments, int status, const std::string& err,
                const std::string& zone)
 {

@@ -18,6 +18,14 @@ std::string Hex(const ByteString& bytes);
 // The file's bytes; fails the test when it cannot be read.
 std::string Content(const std::string& name);
 
+// The record's bytes after Endian().
+template <class Record>
+std::string InFileOrder(Record record)
+{
+  record.Endian();
+  return Hex(record.getByteString());
+}
+
 // An own folder below the system's temporary folder, removed with all that is in it.
 class TemporaryFolder {
  public:
@@ -31,8 +39,6 @@ class TemporaryFolder {
   // Writes the file `name` in the folder and returns its full name.
   std::string write(std::string_view name, std::string_view content) const;
   std::string read(std::string_view name) const { return Content(*this / name); }
-  // Sets the file's modification time, in seconds since the epoch.
-  void setModified(std::string_view name, long seconds) const;
 
  private:
   std::string path_;
