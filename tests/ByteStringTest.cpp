@@ -1,5 +1,4 @@
 // What the model of the fuzzer leaves out: ModelTest holds the edits and the forms.
-#include <gtest/gtest.h>
 
 #include "tests/TestSupport.h"
 

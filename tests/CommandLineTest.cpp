@@ -1,7 +1,5 @@
 // The command line, seen from outside: which files a run names, and what it says when it cannot.
-#include <gtest/gtest.h>
 
-#include <filesystem>
 #include <set>
 #include <tuple>
 
@@ -17,7 +15,7 @@ using Words = std::vector<std::string>;
 std::set<std::string> Listing(const TemporaryFolder& folder)
 {
   std::set<std::string> names;
-  for (const auto& entry : std::filesystem::recursive_directory_iterator(folder.path())) names.insert(entry.path());
+  for (const auto& entry : fs::recursive_directory_iterator(folder.path())) names.insert(entry.path());
   return names;
 }
 
@@ -28,7 +26,7 @@ void Check(const TemporaryFolder& folder, Words files, const Words& arguments, i
   SCOPED_TRACE(testing::PrintToString(arguments));
   files.insert(files.end(), {"part.lidhdr", "qel.vpdinfo"});
   for (const std::string& name : files) {
-    std::filesystem::create_directories(std::filesystem::path(folder / name).parent_path());
+    fs::create_directories(fs::path(folder / name).parent_path());
     if (name.back() != '/') folder.write(name, name);
   }
   std::set<std::string> names = Listing(folder);

@@ -1,18 +1,14 @@
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include <filesystem>
 #include <sstream>
 
 #include "foundation/FileStreams.h"
 #include "foundation/StreamPtr.h"
 #include "tests/TestSupport.h"
 
-namespace {
-
 using std::ios;
 
-FileName Name(const std::string& path) { return FileName(ToString(path)); }
+static FileName Name(const std::string& path) { return FileName(ToString(path)); }
 
 TEST(ReadStreamTest, ALineComesWithoutItsDelimiterAndALongerOneThanTheLimitIsAFailure)
 {
@@ -144,9 +140,7 @@ TEST(WriteFileStreamTest, NewFilesGetTheirPermissionsAndOldOnesKeepThem)
   for (const auto& [name, mask, mode] : {std::tuple("new", 0U, 0664U), {"cut", 027U, 0640U}, {"cut", 0U, 0640U}}) {
     umask(mask);
     WriteFileStream(Name(folder / name), String("in")) << (mask == 0 ? "x" : "long");
-    struct stat status = {};
-    stat((folder / name).c_str(), &status);
-    EXPECT_EQ(status.st_mode & 0777U, mode) << name;
+    EXPECT_EQ(fs::status(folder / name).permissions(), fs::perms(mode)) << name;
   }
   umask(old);
   EXPECT_EQ(folder.read("cut"), "x");
@@ -165,7 +159,7 @@ TEST(CautiousWriteFileStreamTest, AnOldFileStaysUntilItIsEmptied)
     EXPECT_EQ(folder.read("file"), after);
   }
   EXPECT_TRUE(CautiousWriteFileStream(Name(folder / "new")).isNew());
-  std::filesystem::create_symlink("none", folder / "link");
+  fs::create_symlink("none", folder / "link");
   EXPECT_TRUE(CautiousWriteFileStream(Name(folder / "link")).isNew());
 }
 
@@ -202,5 +196,3 @@ TEST(WriteStreamPtrTest, TheLastWrapperToReleaseDeletesTheStreamOnce)
   third.release();
   EXPECT_EQ(Watched::gone, 1);
 }
-
-}  // namespace

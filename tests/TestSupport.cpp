@@ -1,14 +1,12 @@
 #include "tests/TestSupport.h"
 
 #include <fcntl.h>
-#include <gtest/gtest.h>
 #include <spawn.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <cstdlib>
-#include <filesystem>
 #include <fstream>
 #include <sstream>
 
@@ -39,7 +37,7 @@ std::string Hex(const ByteString& bytes) { return Hex(Text(bytes)); }
 
 TemporaryFolder::TemporaryFolder()
 {
-  std::string pattern = std::filesystem::temp_directory_path() / "kelvra-test-XXXXXX";
+  std::string pattern = fs::temp_directory_path() / "kelvra-test-XXXXXX";
   if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder");
   path_ = pattern;
 }
@@ -47,7 +45,7 @@ TemporaryFolder::TemporaryFolder()
 TemporaryFolder::~TemporaryFolder()
 {
   std::error_code ignored;
-  std::filesystem::remove_all(path_, ignored);
+  fs::remove_all(path_, ignored);
 }
 
 std::string TemporaryFolder::write(std::string_view name, std::string_view content) const

@@ -1,11 +1,16 @@
 // What the tests share: bytes as spaced hexadecimal text, temporary folders, and runs of the real executable.
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "tests/Convert.h"
+
+namespace fs = std::filesystem;
 
 // "01 AB ff" as bytes; blanks are free. Worked out here, not by the code under test.
 std::string Raw(std::string_view hex);
