@@ -12,11 +12,10 @@ const std::string kInfo = "vpdinfo File is qel.vpdinfo\n", kPart = "ruvpd File i
 
 using Words = std::vector<std::string>;
 
-std::set<std::string> Listing(const TemporaryFolder& folder)
+std::set<fs::path> Listing(const TemporaryFolder& folder)
 {
-  std::set<std::string> names;
-  for (const auto& entry : fs::recursive_directory_iterator(folder.path())) names.insert(entry.path());
-  return names;
+  const fs::recursive_directory_iterator all(folder.path());
+  return {begin(all), end(all)};
 }
 
 // Runs among the named files, each of which holds its own name ("dir/" is a folder); only `output` may come.
@@ -29,7 +28,7 @@ void Check(const TemporaryFolder& folder, Words files, const Words& arguments, i
     fs::create_directories(fs::path(folder / name).parent_path());
     if (name.back() != '/') folder.write(name, name);
   }
-  std::set<std::string> names = Listing(folder);
+  std::set<fs::path> names = Listing(folder);
   if (!output.empty()) names.insert(folder / output);
   ExpectRun(folder, arguments, status, err);
   EXPECT_EQ(Listing(folder), names);
@@ -37,6 +36,7 @@ void Check(const TemporaryFolder& folder, Words files, const Words& arguments, i
 
 TEST(CommandLine, NamesAreDefaultedAndProbed)
 {
+  const std::string nested = "ruvpd File is d.x/part.lidhdr\nvpdinfo File is d.x/qel.vpdinfo\n";
   const struct {
     Words files, arguments;
     std::string lid, output, said = kPart;
@@ -53,11 +53,7 @@ TEST(CommandLine, NamesAreDefaultedAndProbed)
       {{"a.b.c", "a.b.lidhdr"}, {"-l", "a.b.c"}, "a.b.c", "a.b.ruhx", "ruvpd File is a.b.lidhdr\n" + kInfo},
       {{"part.", "part..lidhdr"}, {"-l", "part."}, "part.", "part..ruhx", "ruvpd File is part..lidhdr\n" + kInfo},
       {{"-r.kesp", "-r.lidhdr"}, {"-l", "-r"}, "-r.kesp", "-r.ruhx", "ruvpd File is -r.lidhdr\n" + kInfo},
-      {{"d.x/part", "d.x/part.lidhdr", "d.x/qel.vpdinfo"},
-       {"-l", "d.x/part"},
-       "d.x/part",
-       "d.x/part.ruhx",
-       "ruvpd File is d.x/part.lidhdr\nvpdinfo File is d.x/qel.vpdinfo\n"}};
+      {{"d.x/part", "d.x/part.lidhdr", "d.x/qel.vpdinfo"}, {"-l", "d.x/part"}, "d.x/part", "d.x/part.ruhx", nested}};
   for (const auto& row : rows) {
     const TemporaryFolder folder;
     Check(folder, row.files, row.arguments, 0, row.said + "kelvra process completed successfully.\n", row.output);

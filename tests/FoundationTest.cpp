@@ -1,7 +1,6 @@
 #include <bit>
 #include <csignal>
 
-#include "driver/Kelvra.h"
 #include "foundation/ByteOrder.h"
 #include "foundation/FileName.h"
 #include "foundation/Path.h"
@@ -66,22 +65,11 @@ TEST(TimeTest, FormatsTheLocalMomentWithinItsBuffer)
   unsetenv("TZ");
 }
 
-TEST(ApplicationTest, KeepsItsVersion)
-{
-  Kelvra tool;
-  tool.setMajorVersion(tool.getMajorVersion() + 2);
-  tool.setMinorVersion(tool.getMinorVersion() + 2);
-  EXPECT_EQ(tool.getMajorVersion(), 3U);
-  EXPECT_EQ(tool.readInitFile(), 0);
-  EXPECT_EQ(tool.getMinorVersion(), 2U);
-}
-
 TEST(AssertionDeathTest, IndexesAndPositionsAfterTheEndEndTheProgramWithTheirLine)
 {
   static String s("abc");
   static ByteString b = Bytes("01 02");
-  using Calls = std::vector<void (*)()>;
-  const std::pair<std::string, Calls> rows[] = {
+  const std::pair<std::string, std::vector<void (*)()>> rows[] = {
       {"index < len",
        {[] { s[-1] = 'x'; }, [] { s[3L] = 'x'; }, [] { s[3U] = 'x'; }, [] { s[3UL] = 'x'; },
         [] { (void)std::as_const(s)[3]; }, [] { (void)std::as_const(s)[-1L]; }, [] { (void)std::as_const(s)[3U]; },

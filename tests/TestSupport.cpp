@@ -2,13 +2,11 @@
 
 #include <fcntl.h>
 #include <spawn.h>
-#include <sys/stat.h>
 #include <sys/wait.h>
-#include <unistd.h>
 
 #include <cstdlib>
 #include <fstream>
-#include <sstream>
+#include <iterator>
 
 std::string Raw(std::string_view hex)
 {
@@ -60,9 +58,7 @@ std::string Content(const std::string& name)
 {
   std::ifstream file(name, std::ios::binary);
   EXPECT_TRUE(file.is_open()) << name;
-  std::ostringstream content;
-  content << file.rdbuf();
-  return content.str();
+  return {std::istreambuf_iterator<char>(file), {}};
 }
 
 void ExpectRun(const TemporaryFolder& folder, std::vector<std::string> arguments, int status, const std::string& err,
