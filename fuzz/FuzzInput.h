@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <sstream>
 #include <stdexcept>
-#include <string>
 
 #include "tests/Convert.h"
 

@@ -1,7 +1,6 @@
 // The command line, seen from outside: which files a run names, and what it says when it cannot.
 
 #include <set>
-#include <tuple>
 
 #include "driver/Kelvra.h"
 #include "tests/TestSupport.h"

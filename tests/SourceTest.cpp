@@ -24,11 +24,7 @@ TEST(SourceStatementTest, LineIsAStatementWithItsLabelAndValueOrACommentOrNeithe
   }
 }
 
-TEST(SourceStatementTest, SkipFunctionsStartAtTheirIndexAndStopAtTheFirstOtherCharacter)
-{
-  EXPECT_EQ(skipWS("a \t\n\v\f\rb", 1), 7U);
-  EXPECT_EQ(skipValue("a.\r\nb", 0), 3U);
-}
+TEST(SourceStatementTest, AValueReachesToTheEndOfItsLine) { EXPECT_EQ(skipValue("a.\r\nb", 0), 3U); }
 
 // The number of entries, and those from `key` on.
 static std::string From(const MapStringString& map, const std::string& key)
