@@ -1,36 +1,24 @@
-// ByteString against a vector of bytes. The input chooses the operations and their arguments, which may be the byte
+// ByteString against a string of bytes. The input chooses the operations and their arguments, which may be the byte
 // string itself.
-#include <vector>
-
-#include "foundation/ReadStream.h"
+#include "foundation/ByteStringIterator.h"
 #include "fuzz/FuzzInput.h"
 
-using Vector = std::vector<unsigned char>;
-
-static Vector All(const ByteString& s) { return Vector(s.getBytePointer(), s.getBytePointer() + s.length()); }
-
-static void Splice(Vector& model, unsigned int position, unsigned int count, const Vector& by)
-{
-  const auto begin = model.begin() + position, end = begin + std::min<std::ptrdiff_t>(count, model.end() - begin);
-  model.insert(model.erase(begin, end), by.begin(), by.end());
-}
-
 // The bytes that digits of the base, 16 or 2, spell.
-static Vector Spelled(string digits, int base, bool padLeft)
+static string Spelled(string digits, int base, bool padLeft)
 {
   const std::size_t perByte = base == 2 ? 8 : 2;
-  Vector bytes;
+  string bytes;
   if (digits.find_first_not_of(base == 2 ? "01" : "0123456789abcdefABCDEF") != string::npos) return bytes;
   while (digits.size() % perByte != 0) digits.insert(padLeft ? 0 : digits.size(), 1, '0');
   for (std::size_t i = 0; i < digits.size(); i += perByte) {
-    bytes.push_back(static_cast<unsigned char>(std::stoul(digits.substr(i, perByte), nullptr, base)));
+    bytes += static_cast<char>(std::stoul(digits.substr(i, perByte), nullptr, base));
   }
   return bytes;
 }
 
-static void SetDigit(ByteString& s, Vector& model, int base, unsigned int place, unsigned char value)
+static void SetDigit(ByteString& s, string& model, int base, unsigned int place, unsigned char value)
 {
-  string digits = static_cast<const char*>(base == 2 ? s.toBinaryString() : s.toHexString());
+  string digits = Text(base == 2 ? s.toBinaryString() : s.toHexString());
   Require(digits.size() == model.size() * (base == 2 ? 8 : 2) && Spelled(digits, base, true) == model, "text form");
   if (model.empty()) return;
   place %= static_cast<unsigned int>(digits.size());
@@ -40,48 +28,44 @@ static void SetDigit(ByteString& s, Vector& model, int base, unsigned int place,
   model = Spelled(digits, base, true);
 }
 
-static void Read(ByteString& s, Vector& model, const string& file, unsigned int count)
+static string Visited(const ByteString& s)
 {
-  std::istringstream stream(file);
-  ReadStream in(&stream);
-  in.getByteString(s, count);
-  Require(s.equal(Bytes(file.substr(0, count))), "up to so many bytes");
-  ByteString rest;
-  in.getByteString(rest);
-  s += rest;
-  model.assign(file.begin(), file.end());
-  Require(!in.failure() && in.endOfFile(), "all of the input, without failure");
+  string seen;
+  for (ByteStringIterator each(s); each.valid(); each.next()) seen += static_cast<char>(each.get());
+  return seen;
 }
 
-static void Run(FuzzInput input)
+void FuzzByteString(FuzzInput input)
 {
   ByteString s;
-  Vector m;
+  string m;
   while (!input.rest.empty()) {
     const unsigned int number = input.byte(), flags = input.byte(), b = input.byte(), count = b < 255 ? b : UINT32_MAX;
     const auto byte = static_cast<unsigned char>(input.byte());
+    const char ch = static_cast<char>(byte);
     const unsigned int a = flags % (s.length() + 1), end = s.length(), place = 256 * flags + b;
-    const string raw = input.text();
-    const Vector added = flags % 2 == 0 ? Vector(raw.begin(), raw.end()) : m, one = {byte};
-    const ByteString own = Bytes(raw), &other = flags % 2 == 0 ? own : s;
+    const string raw = input.text(), added = flags % 2 == 0 ? raw : m;
+    const ByteString own = ToBytes(raw), &other = flags % 2 == 0 ? own : s;
     string digits = raw;
-    for (char& ch : digits) ch = flags < 64 ? ch : hexDigit[ch & (flags < 160 ? 15 : 1)];
+    for (char& digit : digits) digit = flags < 64 ? digit : hexDigit[digit & (flags < 160 ? 15 : 1)];
+    const String spelled = ToString(digits);
     const bool left = b % 2 == 0;
     RunOne(
-        number, [&] { s.insert(a, other), Splice(m, a, 0, added); }, [&] { s.insert(a, byte), Splice(m, a, 0, one); },
-        [&] { s.replace(a, count, other), Splice(m, a, count, added); }, [&] { s += byte, m.push_back(byte); },
-        [&] { s.replace(a, count, byte), Splice(m, a, count, one); }, [&] { s += other, Splice(m, end, 0, added); },
-        [&] { s.remove(a, count), Splice(m, a, count, {}); }, [&] { s = s + other, Splice(m, end, 0, added); },
-        [&] { s = byte + (s + byte), Splice(m, 0, 0, one), m.push_back(byte); }, [&] { s.reSize(b); },
-        [&] { s = s(a, count), Splice(m, 0, a, {}), m.resize(std::min<std::size_t>(count, m.size())); },
-        [&] { s = other, m = added; }, [&] { s = ByteString(s, b), m.resize(std::min(end, b)); },
-        [&] { s = ByteString(b, byte), m.assign(b, byte); }, [&] { s.init(byte), m.assign(end, byte); },
-        [&] { s.clear(), m.clear(); }, [&] { Require(s.equal(other) == (m == added), "equality"); },
-        [&] { SetDigit(s, m, 16, place, byte); }, [&] { SetDigit(s, m, 2, place, byte); },
-        [&] { end == 0 ? byte : s[place % end] = m[place % end] = byte; }, [&] { Read(s, m, raw, count); },
-        [&] { Require(All(ByteString::FromHexString(Text(digits), left)) == Spelled(digits, 16, left), "hex"); },
-        [&] { Require(All(ByteString::FromBinaryString(Text(digits), left)) == Spelled(digits, 2, left), "binary"); });
-    Require(All(s) == m, "the bytes");
+        number, [&] { s.insert(a, other), m.insert(a, added); }, [&] { s.insert(a, byte), m.insert(a, 1, ch); },
+        [&] { s.replace(a, count, other), m.replace(a, count, added); }, [&] { s += byte, m += ch; },
+        [&] { s.replace(a, count, byte), m.replace(a, count, 1, ch); }, [&] { s += other, m += added; },
+        [&] { s.remove(a, count), m.erase(a, count); }, [&] { s = s + other, m += added; },
+        [&] { s = byte + (s + byte), m = ch + m + ch; }, [&] { s.reSize(b); },
+        [&] { s = s(a, count), m = m.substr(a, count); }, [&] { s = other, m = added; },
+        [&] { s = ByteString(s, b), m = m.substr(0, b); }, [&] { s = ByteString(b, byte), m.assign(b, ch); },
+        [&] { s.init(byte), m.assign(end, ch); }, [&] { s.clear(), m.clear(); },
+        [&] { Require(s.equal(other) == (m == added), "equality"); }, [&] { SetDigit(s, m, 16, place, byte); },
+        [&] { SetDigit(s, m, 2, place, byte); },
+        [&] { end == 0 ? ch : m[place % end] = static_cast<char>(s[place % end] = byte); },
+        [&] { Require(Visited(s) == m, "each byte"); },
+        [&] { Require(Text(ByteString::FromHexString(spelled, left)) == Spelled(digits, 16, left), "hex"); },
+        [&] { Require(Text(ByteString::FromBinaryString(spelled, left)) == Spelled(digits, 2, left), "binary"); });
+    Require(Text(s) == m, "the bytes");
     if (m.size() > 400) s.clear(), m.clear();
   }
 }

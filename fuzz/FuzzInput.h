@@ -1,22 +1,18 @@
-// What the fuzzers share: claims, and the input taken apart from its front. Behind its end come zeros and empty texts.
+// What the fuzzers share: claims, and the input taken apart from its front. After its end come zeros and empty texts.
 #pragma once
 
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
 #include <sstream>
-#include <string>
+#include <stdexcept>
 
-#include "foundation/ByteString.h"
+#include "tests/Convert.h"
 
 using std::string;
 
-// Ends the program unless the claim holds; the fuzzer then keeps the input.
+// A fuzzer ends with what is thrown and keeps the input; a test shows it.
 inline void Require(bool holds, const char* claim)
 {
-  if (holds) return;
-  std::fprintf(stderr, "Not so: %s\n", claim);
-  std::abort();
+  if (!holds) throw std::logic_error(claim);
 }
 
 // Runs the operation with this number, counted round.
@@ -26,9 +22,6 @@ void RunOne(unsigned int number, const Operation&... operation)
   unsigned int i = 0;
   ((i++ == number % sizeof...(operation) ? operation() : void()), ...);
 }
-
-inline String Text(const string& text) { return String(text.data(), static_cast<unsigned int>(text.size())); }
-inline ByteString Bytes(const string& raw) { return ByteString(raw.data(), static_cast<unsigned int>(raw.size())); }
 
 struct FuzzInput {
   string rest;
@@ -47,11 +40,8 @@ struct FuzzInput {
   }
 };
 
-// Each fuzzer's own: what it does with one input.
-static void Run(FuzzInput input);
-
-extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size)
-{
-  Run({string(data, data + size)});
-  return 0;
-}
+// What each fuzzer does with one input. The tests run all of them on inputs of their own.
+void FuzzByteString(FuzzInput input);
+void FuzzLidHeader(FuzzInput input);
+void FuzzSource(FuzzInput input);
+void FuzzString(FuzzInput input);

@@ -10,10 +10,6 @@
 #include "source/MapStringString.h"
 #include "source/SPAOption.h"
 
-struct NullBuffer : std::streambuf {
-  int overflow(int ch) override { return traits_type::not_eof(ch); }
-};
-
 static std::map<string, string> Parsed(const string& source, boolean restricted)
 {
   static const string known = "\nPRODUCTID\nINSTRSET\nSWRTYPE\nDEVELBY\nDEVELFOR\nDEVLABID\nVERLEVEL\nRELMODLVL\n";
@@ -36,24 +32,18 @@ static void CheckBlock(const ByteString& block, const String& member)
   const unsigned int nameLength = member.length() > 8 ? member.length() + 1 : 0;
   Require(block.length() == 512 + nameLength, "length of the block");
   VitalProductDataHeaderX vpd(block);
-  vpd.setVPDRULength(0x01020304);
   vpd.Endian();
   const ByteString wire = vpd.getByteString();
-  for (unsigned int i = 0; i < block.length(); i++) {
-    const boolean converted = i < 4 || (i >= 28 && i < 32) || (i >= 56 && i < 62) || (i >= 144 && i < 164);
-    Require(converted || wire[i] == block[i], "Endian changes only the numbers, the load ID and the flags");
-  }
-  const String constants = (wire(0, 8) + wire(25, 3) + wire(64, 14) + wire(144, 12) + wire[252]).toHexString();
-  Require(constants == "0102030400000000e5d7c4f2f0f2f6f0f3f1f4f0f9f2f6f2f00000020000000000000000d002", constants);
+  const String constants = (wire(4, 4) + wire(25, 3) + wire(64, 14) + wire(144, 12) + wire[252]).toHexString();
+  Require(constants == "00000000e5d7c4f2f0f2f6f0f3f1f4f0f9f2f6f2f00000020000000000000000d002", constants);
   Require(wire(272, 240).equal(ByteString(240, 0)), "zeros up to the body");
   Require(nameLength == 0 || wire(240, 8).toHexString() == "0000000000000200", "offset of a long name");
 }
 
-static void Run(FuzzInput input)
+void FuzzSource(FuzzInput input)
 {
   static const char* const types[] = {".lidhdr", ".vpdinfo", ".SFGINFO", ".pfginfo", "", ".x"};
-  static auto& silence = *new NullBuffer;
-  std::cerr.rdbuf(&silence);
+  std::cerr.rdbuf(nullptr);  // the messages go nowhere
   OptionTable().clear();
   boolean restricted = input.byte() % 2 == 1;
   const String member("PART1LONGNAME", 1 + input.byte() % 12);
@@ -64,7 +54,8 @@ static void Run(FuzzInput input)
   const auto table = Parsed(input.rest, restricted);
   Require(OptionTable().count() == table.size(), "nothing else is stored");
   for (const auto& [label, value] : table)
-    Require(OptionTable().includes(Text(label)) == 1 && OptionTable().get(Text(label)) == Text(value), "it is stored");
+    Require(OptionTable().includes(ToString(label)) == 1 && OptionTable().get(ToString(label)) == ToString(value),
+            "it is stored");
   Morvik builder;
   Require(builder.morvikParse(name, "20260314", "092620") == 0, "name, date and time are taken");
   const int code = MorvikCreateHeader(&builder);

@@ -45,7 +45,7 @@ static void Read(String& s, string& model, const string& file, unsigned int kind
   }
 }
 
-static void Run(FuzzInput input)
+void FuzzString(FuzzInput input)
 {
   String s;
   string m;
@@ -54,7 +54,7 @@ static void Run(FuzzInput input)
     const char ch = static_cast<char>(input.byte());
     const bool inside = flags % 2 == 1;
     const string drawn = input.text(), other = inside ? m : drawn;
-    const String own = Text(drawn), third = Text(input.text());
+    const String own = ToString(drawn), third = ToString(input.text());
     const String &text = inside ? s : own, &to = flags % 4 < 2 ? third : s;
     const unsigned int a = b % (s.length() + 1), n = inside ? std::min(flags, s.length() - a) : own.length();
     const char* p = static_cast<const char*>(text) + (inside ? a : 0);

@@ -10,6 +10,8 @@ namespace {
 
 using Object = nlohmann::ordered_json;
 
+constexpr const char* statusNames[] = {"ok", "fault", "unreadable"};  // by ExitStatus
+
 Object Document(const char* command) { return {{"kelvraImage", 1}, {"command", command}}; }
 
 std::string Dump(const Object& object) { return object.dump(-1, ' ', false, Object::error_handler_t::replace) + '\n'; }
@@ -19,10 +21,9 @@ std::string DumpImage(const Object& object) { return object.dump(-1, ' ', false,
 
 Object ImageObject(const Image& image)
 {
-  constexpr const char* statuses[] = {"ok", "fault", "unreadable"};
   Object object = {{"file", image.file.name()}};
   object["size"] = image.file.size();
-  object["status"] = statuses[image.status()];
+  object["status"] = statusNames[image.status()];
   if (image.file.reason()) object["reason"] = ReasonText(*image.file.reason());
   return object;
 }
@@ -146,6 +147,7 @@ std::string JsonEnd() { return "]}\n"; }
 std::string Json(const Image& image)
 {
   Object object = ImageObject(image);
+  if (image.file.reason()) return DumpImage(object);
   object["records"] = Object::array();
   for (const Record& record : image.records) {
     if (record.row == &RecordOf(RecordId::lidHeader)) {
@@ -160,6 +162,7 @@ std::string Json(const Image& image)
 std::string Json(const ListRow& row, const Image& image)
 {
   Object object = ImageObject(image);
+  if (image.file.reason()) return DumpImage(object);
   object["loadId"] = row.loadId;
   object["name"] = row.name;
   object["versionLevel"] = row.versionLevel;
@@ -198,8 +201,8 @@ std::string Json(const VerifyResult& verified, const Image& image)
       }
     }
   }
-  constexpr const char* statuses[] = {"ok", "fault", "unreadable"};
-  object["status"] = statuses[verified.status];
+  object["status"] = statusNames[verified.status];
+  if (!verified.reasons.empty()) object["reason"] = ReasonText(verified.reasons.front());
   return DumpImage(object);
 }
 

@@ -1,11 +1,12 @@
 #include "image/Payload.h"
 
 #include <algorithm>
+#include <cstring>
 #include <vector>
 
 namespace {
 
-constexpr std::size_t pieceSize = std::size_t{1} << 18;
+constexpr std::size_t pieceSize = std::size_t{1} << 17;
 
 }  // namespace
 
@@ -20,11 +21,13 @@ std::optional<std::uint64_t> FirstDifference(const Payload& one, const Payload& 
     const std::size_t otherCount = other.file.read(other.offset + done, std::span(otherBytes).first(wanted));
     if (one.file.reason() || other.file.reason()) return std::nullopt;
     const std::size_t count = std::min(oneCount, otherCount);
-    const Bytes piece = Bytes(oneBytes).first(count);
-    const auto [differs, ignored] = std::ranges::mismatch(piece, Bytes(otherBytes).first(count));
-    done += static_cast<std::uint64_t>(differs - piece.begin());
     // A file that has become shorter differs where it ends now.
-    if (differs != piece.end() || count < wanted) return done;
+    if (count < wanted || std::memcmp(oneBytes.data(), otherBytes.data(), count) != 0) {
+      const Bytes piece = Bytes(oneBytes).first(count);
+      const auto [differs, ignored] = std::ranges::mismatch(piece, Bytes(otherBytes).first(count));
+      return done + static_cast<std::uint64_t>(differs - piece.begin());
+    }
+    done += count;
   }
   if (one.length() == other.length()) return std::nullopt;
   return common;

@@ -153,7 +153,7 @@ int RunList(Arguments& arguments)
   return ForEachImage(arguments, "list", [&](const Image& image) {
     if (image.file.reason()) PrintReason(*image.file.reason());
     if (arguments.json) {
-      arguments.out.add(image.status() == couldNot ? Json(image) : Json(List(image), image));
+      arguments.out.add(Json(List(image), image));
     } else if (image.status() != couldNot) {
       arguments.out.add(Text(List(image), image));
     }

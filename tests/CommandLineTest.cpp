@@ -1,9 +1,6 @@
 // The command line, seen from outside: which files a run names, and what it says when it cannot.
-#include <gtest/gtest.h>
 
-#include <filesystem>
 #include <set>
-#include <tuple>
 
 #include "driver/Kelvra.h"
 #include "tests/TestSupport.h"
@@ -14,11 +11,10 @@ const std::string kInfo = "vpdinfo File is qel.vpdinfo\n", kPart = "ruvpd File i
 
 using Words = std::vector<std::string>;
 
-std::set<std::string> Listing(const TemporaryFolder& folder)
+std::set<fs::path> Listing(const TemporaryFolder& folder)
 {
-  std::set<std::string> names;
-  for (const auto& entry : std::filesystem::recursive_directory_iterator(folder.path())) names.insert(entry.path());
-  return names;
+  const fs::recursive_directory_iterator all(folder.path());
+  return {begin(all), end(all)};
 }
 
 // Runs among the named files, each of which holds its own name ("dir/" is a folder); only `output` may come.
@@ -28,20 +24,18 @@ void Check(const TemporaryFolder& folder, Words files, const Words& arguments, i
   SCOPED_TRACE(testing::PrintToString(arguments));
   files.insert(files.end(), {"part.lidhdr", "qel.vpdinfo"});
   for (const std::string& name : files) {
-    std::filesystem::create_directories(std::filesystem::path(folder / name).parent_path());
+    fs::create_directories(fs::path(folder / name).parent_path());
     if (name.back() != '/') folder.write(name, name);
   }
-  std::set<std::string> names = Listing(folder);
+  std::set<fs::path> names = Listing(folder);
   if (!output.empty()) names.insert(folder / output);
-  const Outcome run = RunKelvra(folder, arguments);
-  EXPECT_EQ(run.status, status);
-  EXPECT_EQ(run.err, err);
-  EXPECT_EQ(run.out, "");
+  ExpectRun(folder, arguments, status, err);
   EXPECT_EQ(Listing(folder), names);
 }
 
 TEST(CommandLine, NamesAreDefaultedAndProbed)
 {
+  const std::string nested = "ruvpd File is d.x/part.lidhdr\nvpdinfo File is d.x/qel.vpdinfo\n";
   const struct {
     Words files, arguments;
     std::string lid, output, said = kPart;
@@ -53,19 +47,12 @@ TEST(CommandLine, NamesAreDefaultedAndProbed)
       {{"x.kesp", "part/"}, {"-r", "part", "-l", "x"}, "x.kesp", "x.ruhx"},
       {{"part.kesp"}, {"-l", "part", "-o", ".ruhx"}, "part.kesp", ".ruhx"},
       {{"x.kesp", "d/"}, {"-lfoo", "x.kesp", "-rbar", "part.lidhdr", "-output", "d/o"}, "x.kesp", "d/o"},
-      {{"a.kesp", "b.kesp"},
-       {"-o", "c", "-r", "a", "-l", "a.kesp", "-l", "b.kesp", "-r", "part", "-o", "d"},
-       "b.kesp",
-       "d"},
+      {{"a.kesp", "b.kesp"}, {"-o", "c", "-l", "a", "-r", "a", "-l", "b", "-r", "part", "-o", "d"}, "b.kesp", "d"},
       {{"part.kesp"}, {"-r", "a", "-o", "b", "-l", "part", "-r", "", "-o", ""}, "part.kesp", "part.ruhx"},
       {{"a.b.c", "a.b.lidhdr"}, {"-l", "a.b.c"}, "a.b.c", "a.b.ruhx", "ruvpd File is a.b.lidhdr\n" + kInfo},
       {{"part.", "part..lidhdr"}, {"-l", "part."}, "part.", "part..ruhx", "ruvpd File is part..lidhdr\n" + kInfo},
       {{"-r.kesp", "-r.lidhdr"}, {"-l", "-r"}, "-r.kesp", "-r.ruhx", "ruvpd File is -r.lidhdr\n" + kInfo},
-      {{"d.x/part", "d.x/part.lidhdr", "d.x/qel.vpdinfo"},
-       {"-l", "d.x/part"},
-       "d.x/part",
-       "d.x/part.ruhx",
-       "ruvpd File is d.x/part.lidhdr\nvpdinfo File is d.x/qel.vpdinfo\n"}};
+      {{"d.x/part", "d.x/part.lidhdr", "d.x/qel.vpdinfo"}, {"-l", "d.x/part"}, "d.x/part", "d.x/part.ruhx", nested}};
   for (const auto& row : rows) {
     const TemporaryFolder folder;
     Check(folder, row.files, row.arguments, 0, row.said + "kelvra process completed successfully.\n", row.output);

@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "headers/AsciiCharacter.h"
 #include "headers/AsciiEbcdic.h"
 #include "headers/EbcdicCharacter.h"
@@ -55,13 +53,10 @@ TEST(TextEncodersTest, TextIsPaddedAndCutAndItsLastFourCharactersAreItsValue)
 TEST(WordTest, NumberLandsBigEndianAtTheEndOfTheFieldAndTellsOfLostBytesOfItsMagnitude)
 {
   ExpectField(Word(0x123456UL), 2, "34 56", true);
-  ExpectField(Word(0x1234UL), 6, "00 00 00 00 12 34", false);
   ExpectField(Word(0x1000000UL), 3, "00 00 00", true);
   ExpectField(Word(0xFFFFFFFEUL), 5, "00 ff ff ff fe", false);
   ExpectField(Word(0x100001234UL), 2, "12 34", false);
   ExpectField(Word(), 0, "", true);
-  ExpectField(Word(0L), 5, "00 00 00 00 00", false);
-  ExpectField(Word(5L), 4, "00 00 00 05", false);
   ExpectField(Word(0x1234L), 1, "34", true);
   ExpectField(Word(-1L), 0, "", true);
   ExpectField(Word(-2L), 6, "ff ff ff ff ff fe", false);

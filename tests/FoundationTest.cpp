@@ -1,16 +1,11 @@
-#include <gtest/gtest.h>
-
 #include <bit>
 #include <csignal>
 
-#include "driver/Kelvra.h"
 #include "foundation/ByteOrder.h"
 #include "foundation/FileName.h"
 #include "foundation/Path.h"
 #include "foundation/Time.h"
 #include "tests/TestSupport.h"
-
-namespace {
 
 TEST(FileNameTest, SourcesSplitAtTheLastSlashAndDotAndRebuildUnchanged)
 {
@@ -70,56 +65,31 @@ TEST(TimeTest, FormatsTheLocalMomentWithinItsBuffer)
   unsetenv("TZ");
 }
 
-TEST(ApplicationTest, KeepsItsNameAndVersion)
-{
-  Kelvra tool;
-  tool.setName(tool.getName() + "ab");
-  tool.setMajorVersion(tool.getMajorVersion() + 2);
-  tool.setMinorVersion(tool.getMinorVersion() + 2);
-  EXPECT_EQ(Text(tool.getName()), "ab");
-  EXPECT_EQ(tool.getMajorVersion(), 3U);
-  EXPECT_EQ(tool.readInitFile(), 0);
-  EXPECT_EQ(tool.getMinorVersion(), 2U);
-}
-
 TEST(AssertionDeathTest, IndexesAndPositionsAfterTheEndEndTheProgramWithTheirLine)
 {
   static String s("abc");
   static ByteString b = Bytes("01 02");
-  const std::string index = "index < len", position = "position <= len", byte = "n < len", number = "byteNumber < len";
-  const std::pair<void (*)(), std::string> rows[] = {
-      {[] { s[-1] = 'x'; }, index},
-      {[] { s[3L] = 'x'; }, index},
-      {[] { s[3U] = 'x'; }, index},
-      {[] { s[3UL] = 'x'; }, index},
-      {[] { (void)std::as_const(s)[3]; }, index},
-      {[] { (void)std::as_const(s)[-1L]; }, index},
-      {[] { (void)std::as_const(s)[3U]; }, index},
-      {[] { (void)std::as_const(s)[3UL]; }, index},
-      {[] { s.insert(4, s); }, position},
-      {[] { s.insert(4, ""); }, position},
-      {[] { s.insert(4, 'x'); }, position},
-      {[] { b.setNthByte(2, 0); }, byte},
-      {[] { b.getNthByte(2); }, byte},
-      {[] { b[2] = 0; }, byte},
-      {[] { (void)std::as_const(b)[2]; }, byte},
-      {[] { b.setNthNibble(4, 0); }, number},
-      {[] { b.getNthNibble(4); }, number},
-      {[] { b.setNthBit(16, true); }, number},
-      {[] { b.getNthBit(16); }, number},
-      {[] { b.insert(3, b); }, position},
-      {[] { b.insert(3, 0); }, position},
-      {[] { b.replace(3, 0, b); }, position},
-      {[] { b.replace(3, 0, 0); }, position},
-  };
-  for (const auto& [call, expression] : rows) {
-    EXPECT_EXIT(call(), testing::KilledBySignal(SIGABRT),
-                "^[A-Za-z]*String:[0-9]+: .*String::.*: Assertion `" + expression + "' failed\\.\n$");
+  const std::pair<std::string, std::vector<void (*)()>> rows[] = {
+      {"index < len",
+       {[] { s[-1] = 'x'; }, [] { s[3L] = 'x'; }, [] { s[3U] = 'x'; }, [] { s[3UL] = 'x'; },
+        [] { (void)std::as_const(s)[3]; }, [] { (void)std::as_const(s)[-1L]; }, [] { (void)std::as_const(s)[3U]; },
+        [] { (void)std::as_const(s)[3UL]; }}},
+      {"position <= len",
+       {[] { s.insert(4, s); }, [] { s.insert(4, ""); }, [] { s.insert(4, 'x'); }, [] { b.insert(3, b); },
+        [] { b.insert(3, 0); }, [] { b.replace(3, 0, b); }, [] { b.replace(3, 0, 0); }}},
+      {"n < len",
+       {[] { b.setNthByte(2, 0); }, [] { b.getNthByte(2); }, [] { b[2] = 0; }, [] { (void)std::as_const(b)[2]; }}},
+      {"byteNumber < len",
+       {[] { b.setNthNibble(4, 0); }, [] { b.getNthNibble(4); }, [] { b.setNthBit(16, true); },
+        [] { b.getNthBit(16); }}}};
+  for (const auto& [expression, calls] : rows) {
+    for (const auto call : calls) {
+      EXPECT_EXIT(call(), testing::KilledBySignal(SIGABRT),
+                  "^[A-Za-z]*String:[0-9]+: .*String::.*: Assertion `" + expression + "' failed\\.\n$");
+    }
   }
   EXPECT_DEATH(Path("a:b").remove("c"), "Path:[0-9]+: .*`includes\\(library\\)' failed");
   EXPECT_DEATH(PathIterator(Path("::")).get(), "Path:[0-9]+: .*::get .*`valid\\(\\)' failed");
   EXPECT_DEATH(PathIterator(Path("::")).next(), "Path:[0-9]+: .*::next .*`valid\\(\\)' failed");
   EXPECT_DEATH(s[-1] = 'x', "^String:[0-9]+: char &String::operator\\[\\] \\(int\\): ");
 }
-
-}  // namespace

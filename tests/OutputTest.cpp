@@ -1,8 +1,4 @@
 // Whole runs: the output file byte for byte, and for each return code the whole of standard error.
-#include <gtest/gtest.h>
-#include <sys/stat.h>
-
-#include <filesystem>
 #include <fstream>
 
 #include "tests/TestSupport.h"
@@ -10,7 +6,6 @@
 namespace {
 
 using namespace std::string_literals;  // "..."s keeps the NUL bytes of a literal
-namespace fs = std::filesystem;
 
 const std::string kDone = "kelvra process completed successfully.\n", kFailed = "kelvra process failed.\n";
 const std::string kRead = "ruvpd File is part.lidhdr\n", kInfo = "vpdinfo File is qel.vpdinfo\n", kBoth = kRead + kInfo;
@@ -21,8 +16,8 @@ const std::vector<std::string> kUsual = {"-l", "part.kesp"};
 std::string Zeros(size_t count) { return std::string(2 * count, '0'); }
 std::string Number(size_t value)
 {
-  std::string hex;
-  for (int shift = 28; shift >= 0; shift -= 4) hex += "0123456789abcdef"[(value >> shift) & 15];
+  char hex[9];
+  EXPECT_EQ(std::snprintf(hex, sizeof hex, "%08zx", value), 8);
   return hex;
 }
 const std::string kAuxiliaryHeader = "010b0010" + Zeros(24), kSectionName = "4ba385a7a3000000";
@@ -57,15 +52,8 @@ struct Part : TemporaryFolder {
   {
     for (const char* source : {"part.lidhdr", "qel.vpdinfo"}) write(source, "(* nothing *)\n");
     write("part.kesp", lid);
-    setModified("part.kesp", 1690000000);
-  }
-  void run(int status, const std::string& err, const std::vector<std::string>& arguments = kUsual,
-           const std::string& zone = "UTC0") const
-  {
-    const Outcome outcome = RunKelvra(*this, arguments, zone);
-    EXPECT_EQ(outcome.status, status);
-    EXPECT_EQ(outcome.err, err);
-    EXPECT_EQ(outcome.out, "");
+    const std::chrono::sys_seconds modified(std::chrono::seconds(1690000000));
+    fs::last_write_time(*this / "part.kesp", std::chrono::file_clock::from_sys(modified));
   }
 };
 
@@ -82,7 +70,7 @@ TEST(Output, HoldsEveryFieldOfAVersionThreeLidAndItsSources)
                ":PRODUCTID.57-X\n:SWRTYPE.MCG\n:DEVELBY.Y\n:DEVELFOR.N\n:DEVLABID.R1\n"
                ":VERLEVEL.V5R4M0\n:RELMODLVL.9\n:INSTRSET.X\n:RUNAME.Restrict\n");
   folder.write("part.ruhx", std::string(2000, 'x'));  // a longer file from an earlier run
-  folder.run(0, kRead + "vpdinfo File is prod.vpdinfo\n" + kDone);
+  ExpectRun(folder, kUsual, 0, kRead + "vpdinfo File is prod.vpdinfo\n" + kDone);
   const std::string fileHeader = "01df 0001 386d4344 000002c7 00000000 021c 0000";
   const std::string vpdHeader =
       "0000006f 00000000 d4e8e4d5c9e34040" + Zeros(9) + "e5d7c4 12ab34cd" + Zeros(5) + "f5f760e7404040" +
@@ -100,7 +88,7 @@ TEST(Output, TimeComesFromAHeaderThatReachesPastItsDateElseFromTheFile)
   const auto check = [](const std::string& lid, const std::string& stamp, const std::string& time, const char* zone) {
     SCOPED_TRACE(zone + (" " + lid));
     const Part folder(Raw(lid));
-    folder.run(0, kBoth + kDone, kUsual, zone);
+    ExpectRun(folder, kUsual, 0, kBoth + kDone, zone);
     EXPECT_EQ(Hex(folder.read("part.ruhx")), Output(stamp, PlainBlock(lid.size() / 2, time), lid));
   };
   const std::string date = "199912312359", version3 = kVersion3 + date;
@@ -125,9 +113,12 @@ TEST(Output, TimeComesFromAHeaderThatReachesPastItsDateElseFromTheFile)
 TEST(Output, SourcesChangeOnlyTheirOwnFields)
 {
   const std::string absent = "absent", loadId = kBoth + "RU Load ID value in the RUVPD source file is ";
+  using Change = std::pair<size_t, std::string>;  // an offset in the header block; the SSD header starts at 208
+  const Change nameOffset = {240, "0000000000000200"}, longName = {512, "d39695876d9581948500"};
+  const std::string empties = ":PRODUCTID.\n:SWRTYPE.\n:DEVELBY.\n:DEVELFOR.\n:DEVLABID.\n:VERLEVEL.\n:RELMODLVL.";
   struct Row {
     std::string text;
-    std::vector<std::pair<size_t, std::string>> changes;  // offset in the header block; the SSD header starts at 208
+    std::vector<Change> changes;
     std::string info = {}, said = kBoth, source = "part.lidhdr";
   };
   std::vector<Row> rows = {
@@ -146,12 +137,12 @@ TEST(Output, SourcesChangeOnlyTheirOwnFields)
       {":RUDEST.NUC3", {{61, "40"}, {249, "0c"}}, ":DEVELFOR.N", kInfo, "part"},
       {absent, {{61, "40"}}, ":DEVELFOR.N", kInfo, "part.text"},
       {absent, {{44, Zeros(8)}, {56, "03"}}, absent, "", "part.VPDINFO"},
-      {":RUNAME.Part", {{240, "0000000000000200"}, {512, "d39695876d9581948500"}}, "", kLongRead, kLong}};
-  const auto padded = [](const std::string& blanks) {
-    return ":RUDEST." + blanks + "NUC1\n:PRODUCTID." + blanks + "1234567";
-  };
-  for (const size_t length : {127U, 128U, 129U, 134U, 256U, 100000U}) {  // of the last line; the first is 6 shorter
-    rows.push_back({padded(std::string(length - 18, ' ')), {{37, "f1f2f3f4f5f6f7"}, {249, "01"}}});
+      {":RULOADID.\n:RUPFGID.\n:RUSFGID.", {{44, "4040404040404040"}}, empties},
+      {":RUNAME.\n:VPDINFONM.", {{8, Zeros(8)}, nameOffset, longName}, "", kLongRead, kLong},
+      {":RUNAME.Part", {nameOffset, longName}, "", kLongRead, kLong}};
+  for (const size_t blanks : {109U, 110U, 111U, 116U, 238U, 100000U}) {  // up to lines of 127, 128, 129, ... characters
+    rows.push_back(
+        {":PRODUCTID." + std::string(blanks, ' ') + "1234567\n:RUDEST.NUC1", {{37, "f1f2f3f4f5f6f7"}, {249, "01"}}});
   }
   for (const Row& row : rows) {
     SCOPED_TRACE(row.source + " " + row.text.substr(0, 300));
@@ -159,7 +150,7 @@ TEST(Output, SourcesChangeOnlyTheirOwnFields)
     if (row.text != absent) folder.write(row.source, row.text);
     folder.write("qel.vpdinfo", row.info);
     if (row.info == absent) fs::remove(folder / "qel.vpdinfo");
-    folder.run(0, row.said + kDone, {"-l", "part.kesp", "-r", row.source});
+    ExpectRun(folder, {"-l", "part.kesp", "-r", row.source}, 0, row.said + kDone);
     std::string block = PlainBlock(5, kModifiedTime);
     for (const auto& [offset, hex] : row.changes) block.replace(2 * offset, hex.size(), hex);
     EXPECT_EQ(Hex(folder.read("part.ruhx")), Output(kModifiedStamp, block, "4142434445"));
@@ -167,13 +158,13 @@ TEST(Output, SourcesChangeOnlyTheirOwnFields)
 }
 
 // The run ends with the code and the lines, and leaves the output's file as it was.
-void ExpectFailure(const Part& folder, int status, const std::string& err, const std::string& output = "part.ruhx",
-                   const std::string& source = "part.lidhdr")
+void ExpectFailure(const Part& folder, int status, const std::string& err, const std::string& source = "part.lidhdr",
+                   const std::string& output = "part.ruhx")
 {
   SCOPED_TRACE(std::to_string(status) + " " + output + " " + source);
-  if (!folder.has(output)) folder.write(output, "old");
+  if (!fs::exists(folder / output)) folder.write(output, "old");
   const std::string before = folder.read(output);
-  folder.run(status, err, {"-l", "part.kesp", "-r", source, "-o", output});
+  ExpectRun(folder, {"-l", "part.kesp", "-r", source, "-o", output}, status, err);
   EXPECT_EQ(folder.read(output), before);
 }
 
@@ -209,41 +200,31 @@ TEST(Codes, ARefusedValueIsTheFirstInTheOrderOfTheKeywords)
 TEST(Codes, AFileThatIsMissingOrUnfitEndsTheRun)
 {
   const std::string noLid = "Error in reading object file.\n", noLength = "Error in getting file length of RU.\n";
-  const std::string noSource = "File name is part.lidhdr.\nUnable to open RUVPD source file for input.\n" + kFailed;
-  const std::string noInfo = ".vpdinfo.\nUnable to open VPDINFO source file for input.\n" + kFailed;
-  const std::tuple<int, void (*)(const Part&), std::string> rows[] = {
-      {32, [](const Part& folder) { fs::resize_file(folder / "part.kesp", 4294966696); }, noLength},
-      {33, [](const Part& folder) { fs::resize_file(folder / "part.kesp", 4294967296); }, noLid},
-      {50, [](const Part& folder) { fs::remove(folder / "part.lidhdr"); }, noSource},
-      {60, [](const Part& folder) { fs::remove(folder / "qel.vpdinfo"); }, kRead + "File name is qel" + noInfo},
-      {60, [](const Part& folder) { folder.write("part.lidhdr", ":VPDINFONM.d/prod"); },
-       kRead + "File name is d/prod" + noInfo},
-      {60, [](const Part& folder) { folder.write("part.lidhdr", ":VPDINFONM.part.kesp\0x"s); },
-       kRead + "File name is part.kesp\0x"s + noInfo},
+  const std::string notOpened = "Unable to open RUVPD source file for input.\n" + kFailed;
+  const std::string infoNotOpened = "Unable to open VPDINFO source file for input.\n" + kFailed;
+  const std::string ruvpd = "File name is part.lidhdr.\n", info = kRead + "File name is qel.vpdinfo.\n";
+  const std::string notRead = "Error reading RUVPD source file.\n" + kFailed;
+  const std::string infoNotRead = "Error reading VPDINFO source file.\n" + kFailed;
+  const std::tuple<int, std::string, std::string> rows[] = {
+      {32, "truncate -s 4294966696 part.kesp", noLength},
+      {33, "truncate -s 4294967296 part.kesp", noLid},
+      {32, "ln -sf /dev/zero part.kesp", noLength},
+      {33, "ln -sf /proc/self/mem part.kesp", noLid},  // opens, and does not read
+      {50, "rm part.lidhdr", ruvpd + notOpened},
+      {51, "ln -sf /proc/self/mem part.lidhdr", ruvpd + kRead + notRead},
+      {60, "rm qel.vpdinfo", info + infoNotOpened},
+      {61, "ln -sf /proc/self/mem qel.vpdinfo", info + kInfo + infoNotRead},
+      {60, "echo :VPDINFONM.d/prod >part.lidhdr", kRead + "File name is d/prod.vpdinfo.\n" + infoNotOpened},
+      {60, "printf ':VPDINFONM.part.kesp\\0x' >part.lidhdr",
+       kRead + "File name is part.kesp\0x.vpdinfo.\n"s + infoNotOpened},
   };
-  for (const auto& [status, prepare, lines] : rows) {
+  for (const auto& [status, change, lines] : rows) {
     const Part folder;
-    prepare(folder);
-    ExpectFailure(folder, status, lines);
-  }
-  const std::string notRead = "Error reading RUVPD source file.\n",
-                    infoNotRead = "Error reading VPDINFO source file.\n";
-  const std::string memory = "/proc/self/mem";  // opens, and does not read
-  const std::tuple<std::string, std::string, int, std::string> links[] = {
-      {"part.kesp", "/dev/zero", 32, noLength},
-      {"part.kesp", memory, 33, noLid},
-      {"part.lidhdr", memory, 51, "File name is part.lidhdr.\n" + kRead + notRead + kFailed},
-      {"qel.vpdinfo", memory, 61, kRead + "File name is qel.vpdinfo.\n" + kInfo + infoNotRead + kFailed},
-  };
-  for (const auto& [name, target, status, lines] : links) {
-    const Part folder;
-    fs::remove(folder / name);
-    fs::create_symlink(target, folder / name);
+    EXPECT_EQ(std::system(("cd " + folder.path() + "; " + change).c_str()), 0) << change;
     ExpectFailure(folder, status, lines);
   }
   const Part folder;
-  fs::remove(folder / "part.kesp");
-  mkfifo((folder / "part.kesp").c_str(), 0600);
+  EXPECT_EQ(std::system(("cd " + folder.path() + "; rm part.kesp; mkfifo part.kesp").c_str()), 0);
   std::fstream pipe(folder / "part.kesp");  // both ends; the run need not wait for the end of the input
   pipe << "A" << std::flush;
   ExpectFailure(folder, 32, noLength);
@@ -253,10 +234,7 @@ TEST(Codes, NamesAndDatesThatCannotStandInTheHeaderEndTheRun)
 {
   const Part folder;
   folder.write(kLong, "");
-  ExpectFailure(folder, 17, "Invalid filename specified.\nFile does not have a kesp header on it.\n", "part.ruhx",
-                ".lidhdr");
-  ExpectFailure(folder, 48, kLongRead + "RUNAME value not assigned in header by Morvik.\n" + kFailed, "part.ruhx",
-                kLong);
+  ExpectFailure(folder, 48, kLongRead + "RUNAME value not assigned in header by Morvik.\n" + kFailed, kLong);
   for (const char* year : {"0000", "0999", "a000"}) {  // the last is 10000
     folder.write("part.kesp", Raw(kVersion3 + year + "01010000" + Zeros(90)));
     ExpectFailure(folder, 18, "Invalid date specified.\n" + kFailed);
@@ -270,7 +248,7 @@ TEST(Codes, AnInputIsNoOutputUnderAnyName)
     fs::create_symlink(input, folder / "symbolic");
     fs::create_hard_link(folder / input, folder / "hard");
     for (const std::string& output : {input, "symbolic"s, "hard"s}) {
-      ExpectFailure(folder, 34, kBoth + "Error in writing output (.ruh) file.\n", output);
+      ExpectFailure(folder, 34, kBoth + "Error in writing output (.ruh) file.\n", "part.lidhdr", output);
     }
   }
 }

@@ -1,35 +1,24 @@
 #include "tests/TestSupport.h"
 
 #include <fcntl.h>
-#include <gtest/gtest.h>
 #include <spawn.h>
-#include <sys/stat.h>
 #include <sys/wait.h>
-#include <unistd.h>
 
 #include <cstdlib>
-#include <filesystem>
 #include <fstream>
-#include <sstream>
+#include <iterator>
 
 std::string Raw(std::string_view hex)
 {
-  std::string digits;
-  for (const char ch : hex) {
-    if (ch != ' ' && ch != '\n') digits += ch;
-  }
-  std::string raw;
+  std::string digits(hex), raw;
+  std::erase(digits, ' ');
   for (size_t i = 0; i + 1 < digits.size(); i += 2) {
     raw += static_cast<char>(std::stoi(digits.substr(i, 2), nullptr, 16));
   }
   return raw;
 }
 
-ByteString Bytes(std::string_view hex)
-{
-  const std::string raw = Raw(hex);
-  return ByteString(raw.data(), static_cast<unsigned int>(raw.size()));
-}
+ByteString Bytes(std::string_view hex) { return ToBytes(Raw(hex)); }
 
 std::string Hex(std::string_view raw)
 {
@@ -37,24 +26,16 @@ std::string Hex(std::string_view raw)
   for (const char ch : raw) {
     const auto byte = static_cast<unsigned char>(ch);
     if (!text.empty()) text += ' ';
-    text += "0123456789abcdef"[byte >> 4];
-    text += "0123456789abcdef"[byte & 15];
+    text += {"0123456789abcdef"[byte >> 4], "0123456789abcdef"[byte & 15]};
   }
   return text;
 }
 
-std::string Hex(const ByteString& bytes)
-{
-  std::string raw;
-  for (unsigned int i = 0; i < bytes.length(); i++) raw += static_cast<char>(bytes.getNthByte(i));
-  return Hex(raw);
-}
-
-std::string Text(const String& text) { return std::string(static_cast<const char*>(text), text.length()); }
+std::string Hex(const ByteString& bytes) { return Hex(Text(bytes)); }
 
 TemporaryFolder::TemporaryFolder()
 {
-  std::string pattern = std::filesystem::temp_directory_path() / "kelvra-test-XXXXXX";
+  std::string pattern = fs::temp_directory_path() / "kelvra-test-XXXXXX";
   if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder");
   path_ = pattern;
 }
@@ -62,7 +43,7 @@ TemporaryFolder::TemporaryFolder()
 TemporaryFolder::~TemporaryFolder()
 {
   std::error_code ignored;
-  std::filesystem::remove_all(path_, ignored);
+  fs::remove_all(path_, ignored);
 }
 
 std::string TemporaryFolder::write(std::string_view name, std::string_view content) const
@@ -73,37 +54,23 @@ std::string TemporaryFolder::write(std::string_view name, std::string_view conte
   return *this / name;
 }
 
-std::string TemporaryFolder::read(std::string_view name) const
+std::string Content(const std::string& name)
 {
-  std::ifstream file(*this / name, std::ios::binary);
+  std::ifstream file(name, std::ios::binary);
   EXPECT_TRUE(file.is_open()) << name;
-  std::ostringstream content;
-  content << file.rdbuf();
-  return content.str();
+  return {std::istreambuf_iterator<char>(file), {}};
 }
 
-bool TemporaryFolder::has(std::string_view name) const { return std::filesystem::exists(*this / name); }
-
-void TemporaryFolder::setModified(std::string_view name, long seconds) const
-{
-  const timespec times[2] = {{seconds, 0}, {seconds, 0}};
-  EXPECT_EQ(utimensat(AT_FDCWD, (*this / name).c_str(), times, 0), 0) << name;
-}
-
-Outcome RunKelvra(const TemporaryFolder& folder, const std::vector<std::string>& arguments, const std::string& zone)
+void ExpectRun(const TemporaryFolder& folder, std::vector<std::string> arguments, int status, const std::string& err,
+               const std::string& zone)
 {
   const TemporaryFolder streams;
-  const std::string outFile = streams.write("out", "");
-  const std::string errFile = streams.write("err", "");
-  std::vector<std::string> words = {KELVRA_EXECUTABLE};
-  words.insert(words.end(), arguments.begin(), arguments.end());
-  std::vector<char*> argv;
-  argv.reserve(words.size() + 1);
-  for (std::string& word : words) argv.push_back(word.data());
+  const std::string outFile = streams.write("out", ""), errFile = streams.write("err", "");
+  std::string tool = KELVRA_EXECUTABLE, timeZone = "TZ=" + zone;
+  std::vector<char*> argv = {tool.data()};
+  for (std::string& argument : arguments) argv.push_back(argument.data());
   argv.push_back(nullptr);
-  std::string timeZone = "TZ=" + zone;
   char* environment[] = {timeZone.data(), nullptr};
-
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
   posix_spawn_file_actions_addopen(&actions, 0, "/dev/null", O_RDONLY, 0);
@@ -111,16 +78,11 @@ Outcome RunKelvra(const TemporaryFolder& folder, const std::vector<std::string>&
   posix_spawn_file_actions_addopen(&actions, 2, errFile.c_str(), O_WRONLY, 0);
   posix_spawn_file_actions_addchdir_np(&actions, folder.path().c_str());
   pid_t child = -1;
-  const int spawned = posix_spawn(&child, words[0].c_str(), &actions, nullptr, argv.data(), environment);
+  int ended = 0;
+  EXPECT_EQ(posix_spawn(&child, tool.c_str(), &actions, nullptr, argv.data(), environment), 0) << tool;
+  EXPECT_EQ(waitpid(child, &ended, 0), child);
   posix_spawn_file_actions_destroy(&actions);
-  EXPECT_EQ(spawned, 0) << words[0];
-
-  Outcome outcome;
-  int status = 0;
-  if (spawned == 0 && waitpid(child, &status, 0) == child) {
-    outcome.status = WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
-  }
-  outcome.out = streams.read("out");
-  outcome.err = streams.read("err");
-  return outcome;
+  EXPECT_EQ(WIFEXITED(ended) ? WEXITSTATUS(ended) : -WTERMSIG(ended), status);
+  EXPECT_EQ(Content(errFile), err);
+  EXPECT_EQ(Content(outFile), "");
 }

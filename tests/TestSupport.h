@@ -1,14 +1,18 @@
 // What the tests share: bytes as spaced hexadecimal text, temporary folders, and runs of the real executable.
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "foundation/ByteString.h"
-#include "foundation/String.h"
+#include "tests/Convert.h"
 
-// "01 AB ff" as bytes; white space is free. Worked out here, not by the code under test.
+namespace fs = std::filesystem;
+
+// "01 AB ff" as bytes; blanks are free. Worked out here, not by the code under test.
 std::string Raw(std::string_view hex);
 ByteString Bytes(std::string_view hex);
 
@@ -16,8 +20,16 @@ ByteString Bytes(std::string_view hex);
 std::string Hex(std::string_view raw);
 std::string Hex(const ByteString& bytes);
 
-// The text of a String, NUL bytes included.
-std::string Text(const String& text);
+// The file's bytes; fails the test when it cannot be read.
+std::string Content(const std::string& name);
+
+// The record's bytes after Endian().
+template <class Record>
+std::string InFileOrder(Record record)
+{
+  record.Endian();
+  return Hex(record.getByteString());
+}
 
 // An own folder below the system's temporary folder, removed with all that is in it.
 class TemporaryFolder {
@@ -31,22 +43,13 @@ class TemporaryFolder {
   std::string operator/(std::string_view name) const { return path_ + "/" + std::string(name); }
   // Writes the file `name` in the folder and returns its full name.
   std::string write(std::string_view name, std::string_view content) const;
-  // The file's bytes; fails the test when it cannot be read.
-  std::string read(std::string_view name) const;
-  bool has(std::string_view name) const;
-  // Sets the file's modification time, in seconds since the epoch.
-  void setModified(std::string_view name, long seconds) const;
+  std::string read(std::string_view name) const { return Content(*this / name); }
 
  private:
   std::string path_;
 };
 
-struct Outcome {
-  int status = -1;  // the exit status, or minus the number of the signal that ended the run
-  std::string out;  // standard output
-  std::string err;  // standard error
-};
-
-// Runs the built kelvra in `folder` with TZ set to `zone`; its standard input is empty.
-Outcome RunKelvra(const TemporaryFolder& folder, const std::vector<std::string>& arguments,
-                  const std::string& zone = "UTC0");
+// Runs the built kelvra in `folder` with TZ set to `zone`; its standard input is empty. It ends with the exit status,
+// or minus the number of the signal that ended it, says `err` and leaves its standard output empty.
+void ExpectRun(const TemporaryFolder& folder, std::vector<std::string> arguments, int status, const std::string& err,
+               const std::string& zone = "UTC0");
