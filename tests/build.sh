@@ -7,7 +7,7 @@ work=$(mktemp -d) && chmod 755 "$work" && cd "$work" || exit 1
 trap 'umount "$work/full" 2>/dev/null; rm -rf "$work"' EXIT
 export TZ=UTC0
 failed=0
-fail() { failed=1 && echo "$*" && [ ! -s stderr ] || cat stderr; }
+fail() { failed=1; echo "$*"; cat stderr; }
 expect() {  # expect CLAIM WANTED ACTUAL
   [ "$2" = "$3" ] || fail "$1: expected $2, actual $3"
 }
@@ -124,7 +124,7 @@ start() { rm -rf ../safe/* ../safe/.[!.]* && case $1 in old) cp ../old ../safe/x
 left() {  # what stands in the folder, in a word
   case $(ls -A ../safe) in
     '') echo none ;;
-    x) cmp -s ../safe/x ../old && echo old || { cmp -s ../safe/x big.ruhx && echo new || echo wrong; } ;;
+    x) if cmp -s ../safe/x ../old; then echo old; elif cmp -s ../safe/x big.ruhx; then echo new; else echo wrong; fi ;;
     *) ls -A ../safe ;;
   esac
 }
@@ -163,24 +163,29 @@ expect 'parallel runs' new "$(left)"
 # Between two system calls that strace keeps apart. With -D the process in the background is build itself.
 export ASAN_OPTIONS=detect_leaks=0  # which cannot run below a tracer
 slowly() { exec strace -D -f -qq -o trace "$@" "$image" build -l big.kesp -o ../safe/x; }
+stop() {  # stop SIGNAL: kills the run in the background when the temporary name is there
+  for ((i = 0; i < 100; i++)); do
+    [[ $(ls -A ../safe) != *.kelvra-* ]] || { { kill -"$1" $!; wait $!; } 2>/dev/null; return; }
+    sleep 0.05
+  done
+  fail 'no temporary name'
+}
 if strace -o /dev/null true 2>/dev/null; then
   start old
-  slowly -e inject=rename:delay_enter=500000 &
-  sleep 0.3; { kill -KILL $!; wait $!; } 2>/dev/null; sleep 0.5
+  slowly -e inject=rename:delay_enter=1000000 &
+  stop KILL; sleep 1.5
   expect 'killed between link and rename' new "$(left)"
   (slowly -e trace=openat)
   nth=$(grep -n O_TMPFILE trace | cut -d: -f1)  # the call that finds no files without a name
   for before in none old; do
     start $before; (slowly -e inject=openat:error=EOPNOTSUPP:when="$nth")
     expect "a temporary name, $before" new "$(left)"
-    for signal in TERM HUP; do
-      start $before
-      slowly -e inject=openat:error=EOPNOTSUPP:when="$nth" -e inject=write:delay_enter=500000 &
-      sleep 0.3
-      [[ $(ls -A ../safe) == *.kelvra-* ]] || fail 'no temporary name'
-      { kill -$signal $!; wait $!; } 2>/dev/null
-      expect "a temporary name, $signal, $before" $before "$(left)"
-    done
+  done
+  for signal in TERM HUP; do
+    start old; chmod 600 ../safe/x
+    slowly -e inject=openat:error=EOPNOTSUPP:when="$nth" -e inject=fchmod:delay_enter=1000000 &
+    stop $signal
+    expect "a temporary name, $signal" old "$(left)"
   done
 else
   echo 'skipped: no strace here'
