@@ -59,6 +59,7 @@ std::optional<Reason> Kept(const ReplacedFile& file, const std::string& name, co
 std::vector<FileName> NamesOf(const std::vector<SourceFile>& sources)
 {
   std::vector<FileName> names;
+  names.reserve(sources.size());
   for (const SourceFile& source : sources) names.push_back(source.name);
   return names;
 }
