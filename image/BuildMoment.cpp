@@ -37,7 +37,8 @@ std::optional<std::int64_t> LocalSeconds(Bytes date, Bytes time)
   const year_month_day day(year(yearNumber), month(static_cast<unsigned>(monthNumber)),
                            std::chrono::day(static_cast<unsigned>(dayNumber)));
   if (!day.ok()) return std::nullopt;
-  return sys_seconds(sys_days(day)).time_since_epoch().count() + (hour * 60 + minute) * 60 + second;
+  return sys_seconds(sys_days(day)).time_since_epoch().count() + hour * std::int64_t{3600} + minute * std::int64_t{60} +
+         second;
 }
 
 // The number nearest to `goal` of those that are `number` modulo 2^32.

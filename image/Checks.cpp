@@ -39,7 +39,7 @@ constexpr CheckRow checkRows[] = {
 static_assert(std::size(checkRows) == static_cast<std::size_t>(CheckId::inputs) + 1);
 
 constexpr std::uint64_t longestShortName = sizeof(RUSSD::ruName);
-constexpr std::int64_t longestOffset = 16 * 3600;  // between a time zone and UTC, in seconds
+constexpr std::int64_t longestOffset = 57'600;  // seconds, 16 hours
 
 // A field that has one right value, which follows from where the records lie.
 struct Expectation {

@@ -17,6 +17,7 @@ std::vector<CodeRow> CodeRows()
       meanings.try_emplace(keyword.refusal, "Invalid value of " + std::string(keyword.keyword));
   }
   std::vector<CodeRow> rows;
+  rows.reserve(meanings.size());
   for (const auto& [code, meaning] : meanings) rows.push_back({code, meaning});
   return rows;
 }

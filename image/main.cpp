@@ -249,13 +249,8 @@ const Command* Parse(CLI::App& app, Arguments& arguments, int argc, char** argv)
   return called;
 }
 
-}  // namespace
-
-int main(int argc, char** argv)
+int Run(int argc, char** argv)
 {
-  // A closed pipe and a limit on file sizes are errors of the write.
-  std::signal(SIGPIPE, SIG_IGN);
-  std::signal(SIGXFSZ, SIG_IGN);
   Arguments arguments;
   CLI::App app("Makes, shows, proves, compares and checks the images that kelvra makes.");
   int status = couldNot;
@@ -273,13 +268,25 @@ int main(int argc, char** argv)
     status = app.exit(error, text, complaint) == 0 ? allWell : couldNot;
     arguments.out.add(text.str());
     if (status != allWell) PrintErrorLine("kelvra-image: " + String(error.what()) + "; --help tells more");
-  } catch (const std::bad_alloc&) {
-    PrintErrorLine("kelvra-image: out of memory");
-    status = couldNot;
   }
   if (const auto reason = arguments.out.finish()) {
     PrintReason(*reason);
     status = couldNot;
   }
   return status;
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+  // A closed pipe and a limit on file sizes are errors of the write.
+  std::signal(SIGPIPE, SIG_IGN);
+  std::signal(SIGXFSZ, SIG_IGN);
+  try {
+    return Run(argc, argv);
+  } catch (const std::exception& error) {  // memory that ends
+    std::fprintf(stderr, "kelvra-image: %s\n", error.what());
+    return couldNot;
+  }
 }
