@@ -1,4 +1,4 @@
-#!/usr/bin/env python3
+#!/usr/bin/python3
 """kelvra-image on images that kelvra makes: image.py KELVRA KELVRA-IMAGE. All JSON is held against the schema."""
 import collections
 import json
