@@ -1,17 +1,20 @@
 #include "image/KeywordSearch.h"
 
 #include <algorithm>
+#include <array>
 #include <numeric>
 #include <optional>
 
 namespace {
 
 constexpr std::size_t mostWrong = 2;
+constexpr unsigned int longestText = 40;  // longer than any candidate by more than what may be wrong
 
-// How many characters are to be put in, taken out or exchanged to make one text of the other.
+// How many characters are to be put in, taken out or exchanged to make one text of the other, neither longer than
+// longestText.
 std::size_t Distance(std::string_view a, std::string_view b)
 {
-  std::vector<std::size_t> row(b.size() + 1);
+  std::array<std::size_t, longestText + 1> row;
   std::iota(row.begin(), row.end(), 0);
   for (std::size_t i = 0; i < a.size(); i++) {
     std::size_t diagonal = row[0]++;
@@ -21,14 +24,14 @@ std::size_t Distance(std::string_view a, std::string_view b)
       row[j + 1] = std::min({exchanged, row[j] + 1, diagonal + 1});
     }
   }
-  return row.back();
+  return row[b.size()];
 }
 
 // Tells the candidates' distances from one text, each only where it can be small enough. Short texts are near to
 // anything, so less may be wrong in them.
 class Nearness {
  public:
-  explicit Nearness(const String& text) : mistyped(text(0, longest)) { mistyped.toUpper(); }
+  explicit Nearness(const String& text) : mistyped(text(0, longestText)) { mistyped.toUpper(); }
 
   // Whether the candidate is near, and nearer than all before.
   bool takes(std::string_view candidate)
@@ -42,8 +45,6 @@ class Nearness {
   }
 
  private:
-  static constexpr unsigned int longest = 40;  // longer than any candidate by more than what may be wrong
-
   String mistyped;
   std::size_t least = mostWrong + 1;
 };

@@ -32,7 +32,7 @@ bool IsWhole(LintedLid& lid)
 
 std::string Fault(const Kelvra& run, const LintedLid& lid, int code)
 {
-  if (lid.stream.failure()) return "cannot be opened or read: " + WhyNotOpened(run.lidFile);
+  if (lid.stream.failure()) return lid.stream.status().valid() ? "cannot be read" : OpenFault(run.lidFile);
   return code == lidNotRead ? "is too large" : "has a size that is not known, not true, or too large";
 }
 
@@ -81,6 +81,16 @@ void LintDate(const LintedLid& lid, Findings& findings)
                 .message = fmt::format("the LID header's date {} is none and becomes {}", given, taken)});
 }
 
+void LintStamp(const LintedLid& lid, Findings& findings)
+{
+  const time_t seconds = lid.built.seconds;
+  if (seconds >= 0 && seconds <= UINT32_MAX) return;
+  findings.add({.file = lid.name,
+                .rule = &Rule("build-stamp"),
+                .message = fmt::format("the build time, {} seconds since 1970, does not fit in 32 bits and becomes {}",
+                                       seconds, Low32(static_cast<unsigned long>(seconds)))});
+}
+
 boolean HasNoText(const BuildTime& built) { return built.date.empty() || built.time.empty(); }
 
 void AddNoBuildTime(const LintedLid& lid, int code, Findings& findings)
@@ -112,22 +122,13 @@ void LintLid(const Kelvra& run, LintedLid& lid, Findings& findings)
 
 void LintBuildTime(const Kelvra& run, const LintedLid& lid, Findings& findings)
 {
-  const BuildTime& built = lid.built;
-  const bool hasHeader = HoldsBuildTime(KespHeader(LidHeader(lid)));
-  if (!HasNoText(built)) {
-    if (const int code = Morvik().morvikParse("-", built.date, built.time)) {
-      AddNoBuildTime(lid, code, findings);
-    } else if (hasHeader) {
-      LintDate(lid, findings);
-    }
+  const boolean hasHeader = HoldsBuildTime(KespHeader(LidHeader(lid)));
+  if (HasNoText(lid.built)) return;
+  if (const int code = Morvik().morvikParse("-", lid.built.date, lid.built.time)) {
+    return AddNoBuildTime(lid, code, findings);
   }
-  if (built.seconds < 0 || built.seconds > UINT32_MAX) {
-    findings.add(
-        {.file = lid.name,
-         .rule = &Rule("build-stamp"),
-         .message = fmt::format("the build time, {} seconds since 1970, does not fit in 32 bits and becomes {}",
-                                built.seconds, Low32(static_cast<unsigned long>(built.seconds)))});
-  }
+  if (hasHeader) LintDate(lid, findings);
+  LintStamp(lid, findings);
   if (!hasHeader && !run.buildTime) {
     findings.add({.file = lid.name,
                   .rule = &Rule("no-lid-header"),

@@ -5,6 +5,7 @@
 #include "image/KeywordSearch.h"
 #include "image/LooksLike.h"
 #include "source/SPASourceProgram.h"
+#include "source/SPASourceStmt.h"
 
 namespace {
 
@@ -64,18 +65,14 @@ void LineLinter::take(const String& raw)
   if (beginning.length() < looksLikeLength) beginning += raw(0, looksLikeLength) + '\n';
   const String squeezed = removeWS(raw);
   if (squeezed.empty()) return;
-  const Line line = {raw,
-                     squeezed,
-                     SPASourceStmt(squeezed),
-                     SPASourceStmt(squeezed).getLabel(),
-                     SPASourceStmt(squeezed).getValue(),
-                     HoldsCarriageReturn(raw)};
+  const SPASourceStmt statement(squeezed);
+  const Line line = {raw, squeezed, statement.getLabel(), statement.getValue(), HoldsCarriageReturn(raw)};
   if (line.broken) {
     add(Rule("carriage-return"), "a carriage return alone ends no line; what follows belongs to this line");
   }
-  if (line.statement.isComment() != 0) return comment(squeezed);
+  if (statement.isComment() != 0) return comment(squeezed);
   const KeywordRow* row = FindKeyword(line.label);
-  if (line.statement.isStmt() == 0) {
+  if (statement.isStmt() == 0) {
     noStatement(squeezed);
   } else if (row != nullptr) {
     known(*row, line);

@@ -5,7 +5,6 @@
 
 #include "builder/Keywords.h"
 #include "image/LintRules.h"
-#include "source/SPASourceStmt.h"
 
 // The last statement with a keyword.
 struct Given {
@@ -33,7 +32,6 @@ class LineLinter {
   struct Line {
     const String& raw;
     const String& squeezed;
-    SPASourceStmt statement;
     String label;
     String value;
     bool broken;  // by a carriage return

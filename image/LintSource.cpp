@@ -9,16 +9,22 @@
 
 namespace {
 
-void AddFault(LintedSource& source, const LintRule& rule, const ReportedSource* reported,
-              ReturnCode ReportedSource::*code, const std::string& message, Findings& findings)
+// A source's fault: refused when the source is reported, else with a silent outcome.
+struct SourceFault {
+  const LintRule& rule;
+  ReturnCode ReportedSource::*code;
+  std::string message;
+  const char* outcome;
+};
+
+void AddFault(LintedSource& source, const ReportedSource* reported, const SourceFault& fault, Findings& findings)
 {
   if (reported == nullptr) {
-    return findings.add({.file = source.name,
-                         .rule = &Rule("ignored-source"),
-                         .message = message + "; the source silently counts as far as it was read"});
+    return findings.add(
+        {.file = source.name, .rule = &Rule("ignored-source"), .message = fault.message + fault.outcome});
   }
-  source.code = reported->*code;
-  findings.add({.file = source.name, .rule = &rule, .message = message, .code = source.code});
+  source.code = reported->*fault.code;
+  findings.add({.file = source.name, .rule = &fault.rule, .message = fault.message, .code = source.code});
 }
 
 }  // namespace
@@ -29,15 +35,18 @@ LintedSource LintSource(const FileName& file, const ReportedSource* reported, bo
   LintedSource source = {
       {file, stream.failure() ? FileStatus(file.getSource()) : stream.status()}, ToText(file.getSource()), success, {}};
   if (stream.failure()) {
-    AddFault(source, Rule("missing-source"), reported, &ReportedSource::openError,
-             "cannot be opened: " + WhyNotOpened(file), findings);
+    AddFault(source, reported,
+             {Rule("missing-source"), &ReportedSource::openError, OpenFault(file), ", and silently counts as empty"},
+             findings);
     return source;
   }
   LineLinter lines(source.name, restricted);
   const bool failed = ReadLines(stream, [&](const String& line) { lines.take(line); }) != 0;
   lines.finish();
   if (failed) {
-    AddFault(source, Rule("unreadable-source"), reported, &ReportedSource::readError, "cannot be read to its end",
+    AddFault(source, reported,
+             {Rule("unreadable-source"), &ReportedSource::readError, "cannot be read to its end",
+              ", and silently counts as far as it was read"},
              findings);
   }
   source.given = std::move(lines.given);
@@ -45,10 +54,10 @@ LintedSource LintSource(const FileName& file, const ReportedSource* reported, bo
   return source;
 }
 
-std::string WhyNotOpened(const FileName& file)
+std::string OpenFault(const FileName& file)
 {
   const String name = file.getSource();
-  if (HoldsNul(name)) return std::strerror(ENOENT);
-  if (::access(name, R_OK) != 0) return std::strerror(errno);
-  return std::strerror(EISDIR);
+  int error = ENOENT;
+  if (!HoldsNul(name)) error = ::access(name, R_OK) != 0 ? errno : EISDIR;
+  return std::string("cannot be opened: ") + std::strerror(error);
 }

@@ -14,5 +14,5 @@ struct LintedSource {
 // The faults of a source are refused when it is reported, else a warning.
 LintedSource LintSource(const FileName& file, const ReportedSource* reported, bool restricted, Findings& findings);
 
-// Why a file does not open for reading, in the system's words.
-std::string WhyNotOpened(const FileName& file);
+// Of a file that did not open for reading: that, and why, in the system's words.
+std::string OpenFault(const FileName& file);
