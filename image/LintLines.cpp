@@ -172,21 +172,29 @@ void LineLinter::known(const KeywordRow& row, const Line& line)
   place->second = {number, line.value};
 }
 
+bool LineLinter::lintSecond(const Line& line)
+{
+  const KeywordRow* second = FindStatementIn(line.value);
+  if (second == nullptr) return false;
+  if (!line.broken) {
+    addOutside(Rule("two-statements"),
+               fmt::format("{} in the same line is part of the value of {}", second->keyword, Shortened(line.label)),
+               second->keyword);
+  }
+  return true;
+}
+
 void LineLinter::knownText(const KeywordRow& row, const Line& line)
 {
   const char* keyword = row.keyword;
-  const KeywordRow* second = FindStatementIn(line.value);
-  if (second != nullptr && !line.broken) {
-    add(Rule("two-statements"), fmt::format("{} in the same line is part of the value of {}", second->keyword, keyword),
-        keyword);
-  }
+  const bool holdsStatement = lintSecond(line);
   const bool isCommented = View(line.value).find("(*") != std::string_view::npos;
   if (isCommented) {
     add(Rule("comment-in-value"),
         fmt::format("the comment is part of the value: {} is {}", keyword, Quoted(line.value)), keyword);
   }
   if (row.width == 0 && !(keyword == std::string_view(vpdinfoNameKeyword))) return;
-  if (RawValue(line.raw) != View(line.value) && !isCommented && second == nullptr) {
+  if (RawValue(line.raw) != View(line.value) && !isCommented && !holdsStatement) {
     add(Rule("white-space"), fmt::format("white space is dropped: {} is {}", keyword, Quoted(line.value)), keyword);
   }
   const std::string_view text = View(line.squeezed);
@@ -205,7 +213,7 @@ void LineLinter::unknown(const Line& line)
   const KeywordRow* sameInUpper = FindKeyword(upper);
   const KeywordRow* before = FindKeywordBefore(upper);
   const KeywordRow* nearest = NearestKeyword(line.label);
-  const std::string label = ToText(line.label(0, 60));
+  const std::string label = Shortened(line.label);
 
   if (sameInUpper != nullptr) {
     addOutside(Rule("keyword-case"),
@@ -226,6 +234,7 @@ void LineLinter::unknown(const Line& line)
   } else {
     addOutside(Rule("unknown-keyword"), fmt::format("unknown keyword {}", label));
   }
+  lintSecond(line);
 }
 
 Finding LineLinter::at(const LintRule& rule, const std::string& message, const char* keyword) const

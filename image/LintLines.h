@@ -42,6 +42,8 @@ class LineLinter {
   void known(const KeywordRow& row, const Line& line);
   void knownText(const KeywordRow& row, const Line& line);
   void unknown(const Line& line);
+  // Whether a second statement stands in the value.
+  bool lintSecond(const Line& line);
   void afterComment(std::string_view text);
   void closeComment(bool closed);
 

@@ -32,9 +32,9 @@ std::vector<Finding> Findings::take()
   return std::move(found);
 }
 
-std::string Quoted(const String& text)
+std::string Shortened(const String& text)
 {
-  std::string quoted = '"' + ToText(text(0, longestQuote));
-  quoted += text.length() > longestQuote ? "\"..." : "\"";
-  return quoted;
+  return ToText(text(0, longestQuote)) + (text.length() > longestQuote ? "..." : "");
 }
+
+std::string Quoted(const String& text) { return '"' + Shortened(text) + '"'; }

@@ -90,5 +90,6 @@ class Findings {
   std::vector<Finding> found;
 };
 
-// The text in quotation marks for a message, with a sign where a long one is cut.
+// The text for a message, with a sign where a long one is cut; and in quotation marks.
+std::string Shortened(const String& text);
 std::string Quoted(const String& text);

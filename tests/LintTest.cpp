@@ -88,6 +88,9 @@ const Row lineRows[] = {
     {"part.lidhdr", "\x81\x82\x83\xFF\n",
      "part.lidhdr: warning: does not read like a text; are the options swapped? [not-text]\n"},
     {"part.lidhdr", Lid(), "part.lidhdr: warning: is a LID, not a source; are the options swapped? [not-text]\n"},
+    {"part.lidhdr", ":FARAWAY.Y !LLFLAG.N",
+     "part.lidhdr:1: warning: unknown keyword FARAWAY [unknown-keyword]\n"
+     "part.lidhdr:1: warning: LLFLAG in the same line is part of the value of FARAWAY [two-statements]\n"},
     {"part.lidhdr", ":RUFLASH.Y :LLFLAG.N",
      "part.lidhdr:1: warning: LLFLAG in the same line is part of the value of RUFLASH [two-statements]\n"
      "part.lidhdr:1: warning: RUFLASH ignores \"Y:LLFLAG.N\"; it is Y or N [ignored-value]\n"},
@@ -333,7 +336,7 @@ TEST(Lint, MessagesCannotSteerATerminal)
   folder.put("part.lidhdr", "\x1B[2J\xC2\x9B\xE2\x80\xAE \xC3\xA4 \xFF" + std::string(1000, 'x'));
   const std::string text = LintText({.lid = "part.kesp"});
   EXPECT_EQ(text, "part.lidhdr:1: warning: \"\\x1B[2J\\xC2\\x9B\\xE2\\x80\\xAE\xC3\xA4\\xFF" + std::string(48, 'x') +
-                      "\"... is no statement and is skipped [not-a-statement]\n");
+                      "...\" is no statement and is skipped [not-a-statement]\n");
 }
 
 TEST(Lint, JsonHoldsTheSame)
