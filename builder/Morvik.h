@@ -23,6 +23,12 @@ struct SourceFile {
 // The codes that morvikPrintError knows, and what it says of them.
 std::span<const MessageRow> MorvikMessages();
 
+// The VPDINFO source's base name when the RUVPD source gives none.
+inline constexpr const char* defaultVpdinfoName = "qel";
+
+// The VPDINFO source with this base name, in the folder of the RUVPD source.
+FileName VpdinfoName(const FileName& ruvpdSource, const String& baseName);
+
 class Morvik {
  public:
   // Takes the main source's full name, the RU date (8 decimal digits, year month day) and the RU time (6 decimal

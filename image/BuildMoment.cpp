@@ -13,7 +13,7 @@ namespace {
 using namespace std::chrono;
 
 // The number in EBCDIC digits, or -1.
-int DigitsAt(Bytes bytes, std::size_t first, std::size_t count)
+int DigitsAt(ByteView bytes, std::size_t first, std::size_t count)
 {
   int number = 0;
   for (const unsigned char byte : bytes.subspan(first, count)) {
@@ -23,7 +23,7 @@ int DigitsAt(Bytes bytes, std::size_t first, std::size_t count)
   return number;
 }
 
-std::optional<std::int64_t> LocalSeconds(Bytes date, Bytes time)
+std::optional<std::int64_t> LocalSeconds(ByteView date, ByteView time)
 {
   if (date.size() < 8 || time.size() < 6) return std::nullopt;
   const int yearNumber = DigitsAt(date, 0, 4);
@@ -53,7 +53,7 @@ std::int64_t Nearest(std::uint32_t number, std::int64_t goal)
 std::optional<BuildMoment> BuildMomentOf(const ImageFile& image)
 {
   const std::uint64_t vpd = image.offsetOf(RecordId::vpdHeader);
-  const Bytes stamp = image.bytes(offsetof(FILEHDR, timeDate), sizeof(FILEHDR::timeDate));
+  const ByteView stamp = image.bytes(offsetof(FILEHDR, timeDate), sizeof(FILEHDR::timeDate));
   const auto local = LocalSeconds(image.bytes(vpd + offsetof(VPDHDR, ruDate), sizeof(VPDHDR::ruDate)),
                                   image.bytes(vpd + offsetof(VPDHDR, ruTime), sizeof(VPDHDR::ruTime)));
   if (!local) return std::nullopt;

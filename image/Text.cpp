@@ -6,6 +6,7 @@
 #include <iterator>
 
 #include "image/Tables.h"
+#include "image/Utf8.h"
 
 namespace {
 
@@ -91,18 +92,18 @@ void AppendValues(std::string& text, std::span<const CodedValue> values)
 
 std::string Text(const Finding& finding)
 {
-  std::string text = finding.file;
+  std::string text = Escaped(finding.file);
   if (finding.line != 0) text += fmt::format(":{}", finding.line);
-  text += fmt::format(": {}: {}", SeverityName(finding.severity), finding.message);
+  text += fmt::format(": {}: {}", SeverityName(finding.rule->severity), Escaped(finding.message));
   if (finding.code != 0) text += fmt::format(" (code {})", finding.code);
-  return text + fmt::format(" [{}]", finding.rule);
+  return text + fmt::format(" [{}]", finding.rule->name);
 }
 
 std::string Text(const Image& image)
 {
   std::string text;
   text.reserve(8192);
-  text += fmt::format("{}: {} bytes\n", image.file.name(), image.file.size());
+  text += fmt::format("{}: {} bytes\n", Escaped(image.file.name()), image.file.size());
   for (const Record& record : image.records) AppendRecord(text, record);
   if (image.file.size() < image.expectedSize) {
     text +=
@@ -116,7 +117,7 @@ std::string Text(const Image& image)
 std::string Text(const ListRow& row, const Image& image)
 {
   return fmt::format("{:<8}  {:<8}  {:<4}  {:<19}  {:>10}  {}\n", row.loadId, row.name, row.versionLevel, row.built,
-                     row.lidSize, image.file.name());
+                     row.lidSize, Escaped(image.file.name()));
 }
 
 std::string Text(const VerifyResult& verified, const std::string& file, bool all)
