@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "driver/BuildTime.h"
 #include "driver/OutputFront.h"
 #include "foundation/Allocate.h"
 #include "foundation/ReturnCode.h"
@@ -66,8 +67,7 @@ MadeFront MakeFront(const Image& image, InputFile& lid, Kelvra& run)
   std::vector<unsigned char> begin(std::min<std::uint64_t>(sizeof(KESPHDR), lid.size()));
   begin.resize(lid.read(0, begin));
   const ByteString lidBegin(begin.data(), static_cast<unsigned int>(begin.size()));
-  const KespHeader header(lidBegin);
-  if (!run.buildTime && !(header.valid() && header.getMagicNumber() == KespHeader::lidMagicNumber)) {
+  if (!run.buildTime && !HoldsBuildTime(KespHeader(lidBegin))) {
     run.buildTime = StampOf(image);
     made.tookImageTime = true;
   }
