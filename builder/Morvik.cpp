@@ -58,6 +58,10 @@ void ReportUnusable(const FileName& file) { PrintErrorLine("File name is " + fil
 
 }  // namespace
 
+SourceFile::SourceFile(const FileName& file, const ReadFileStream& stream)
+    : name(file), opened(stream.failure() ? FileStatus(file.getSource()) : stream.status()), isOpened(!stream.failure())
+{}
+
 std::span<const MessageRow> MorvikMessages() { return messages; }
 
 int Morvik::morvikParse(String source, String date, String time)
@@ -86,7 +90,7 @@ int Morvik::morvikExecute()
     if (const int code = openSource(vpdinfoSource, restricted)) return code;
   } else {
     if (const int code = openSource(ruvpdSource, restricted)) return code;
-    vpdinfoSource = givenVpdinfo.isValid() ? givenVpdinfo : vpdinfoName();
+    vpdinfoSource = vpdinfoName();
     restricted = true;
     if (const int code = openSource(vpdinfoSource, restricted)) return code;
   }
@@ -100,9 +104,18 @@ FileName VpdinfoName(const FileName& ruvpdSource, const String& baseName)
   return Build(ruvpdSource.getLibrary(), String(), baseName, "vpdinfo");
 }
 
-// With the base name that VPDINFONM gives, or else the default one.
+std::vector<FileName> Morvik::nameSources()
+{
+  if (isProductInformation()) return {vpdinfoSource};
+  boolean restricted = false;
+  if (!givenVpdinfo.isValid()) openSource(ruvpdSource, restricted);
+  return {ruvpdSource, vpdinfoName()};
+}
+
+// When none was given, the one with the base name that VPDINFONM gives, or else the default one.
 FileName Morvik::vpdinfoName() const
 {
+  if (givenVpdinfo.isValid()) return givenVpdinfo;
   const String given =
       SPAOption::StringValid(vpdinfoNameKeyword) == 1 ? SPAOption::GetStringValue(vpdinfoNameKeyword) : String();
   return VpdinfoName(ruvpdSource, given.empty() ? systemName : given);
@@ -114,7 +127,7 @@ int Morvik::openSource(FileName& file, boolean& restricted)
   const boolean isGiven = restricted && givenVpdinfo.isValid();
   const ReportedSource* reported = FindReportedSource(isGiven ? String("vpdinfo") : file.getExtension());
   ReadFileStream stream(file, std::ios_base::in);
-  sources.push_back({file, stream.failure() ? FileStatus(file.getSource()) : stream.status()});
+  sources.emplace_back(file, stream);
   if (stream.failure()) {
     if (reported == nullptr) return success;
     ReportUnusable(file);

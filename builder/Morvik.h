@@ -10,14 +10,18 @@
 #include "foundation/ByteString.h"
 #include "foundation/FileName.h"
 #include "foundation/FileStatus.h"
+#include "foundation/FileStreams.h"
 #include "foundation/MessageTable.h"
 #include "foundation/String.h"
 #include "source/SPASourceProgram.h"
 
 // A file that was named as a source, whether it could be opened or not.
 struct SourceFile {
+  SourceFile(const FileName& file, const ReadFileStream& stream);
+
   FileName name;
   FileStatus opened;  // at the open; without one, of the file that had the name
+  boolean isOpened;   // whether it could be opened
 };
 
 // The codes that morvikPrintError knows, and what it says of them.
@@ -40,6 +44,9 @@ class Morvik {
   // Reads the sources and builds the header block, after a morvikParse that returned 0. Returns 0 or the error's code;
   // after an error there is no header.
   int morvikExecute();
+  // In place of morvikExecute, the files that it would read, in their order. Reads the RUVPD source where it names the
+  // VPDINFO source; when it cannot be read, that one has its default name. The option table must be empty.
+  std::vector<FileName> nameSources();
   // A copy of the header block, empty before morvikExecute.
   ByteString morvikGetHeader() const { return header; }
   // Writes the code's message as a line to standard error; nothing for a code that the builder does not know.

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <memory>
+#include <span>
 
 #include "foundation/ByteString.h"
 #include "foundation/ReadStream.h"
@@ -24,6 +25,7 @@ class OutputBuffer {
   void setFront(const ByteString& front);
   // Writes everything in one piece.
   void write(WriteStream& out) const;
+  std::span<const unsigned char> bytes() const { return {block.get(), length}; }
 
  private:
   unsigned int lidOffset;

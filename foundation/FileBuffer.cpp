@@ -44,10 +44,11 @@ int FileDescriptor::open(const String& name, int flags)
   return isOpen() ? 0 : errno;
 }
 
-void FileDescriptor::close()
+boolean FileDescriptor::close()
 {
-  if (isOpen()) ::close(number);
+  const boolean done = !isOpen() || ::close(number) == 0;
   number = -1;
+  return done;
 }
 
 std::streamsize FileDescriptor::read(char* p, std::streamsize n) const

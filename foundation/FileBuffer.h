@@ -23,12 +23,15 @@ class FileDescriptor {
   // that holds a NUL byte names no file. A file that the open creates gets the permissions 0664, less the process's
   // umask. The file never takes the place of a standard stream that is closed, so that no message lands in it.
   int open(const String& name, int flags);
-  void close();
+  // Whether the file took all that was written to it, as far as its close tells; errno has the reason when not.
+  boolean close();
   boolean isOpen() const { return number >= 0; }
+  // For the operating system's calls.
+  int descriptor() const { return number; }
   FileStatus status() const { return FileStatus(number); }
   // Up to n bytes, 0 at the end of the file; throws std::system_error when the file cannot be read.
   std::streamsize read(char* p, std::streamsize n) const;
-  // All n bytes; the number written, which is less when the file refuses the rest.
+  // All n bytes; the number written, which is less when the file refuses the rest, for the reason that errno has.
   std::streamsize write(const char* p, std::streamsize n) const;
   // The new position, -1 on failure; `whence` as for lseek.
   off_t seek(off_t offset, int whence) const;

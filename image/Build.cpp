@@ -1,3 +1,186 @@
 #include "image/Build.h"
 
-BuildResult Build(const Inputs&, const BuildOptions&) { return {}; }
+#include <algorithm>
+#include <cerrno>
+
+#include "driver/Assembly.h"
+#include "driver/KeptFiles.h"
+#include "foundation/Allocate.h"
+#include "foundation/ReturnCode.h"
+#include "foundation/StandardStreams.h"
+#include "image/Deps.h"
+#include "image/InputFile.h"
+#include "image/ReplacedFile.h"
+
+namespace {
+
+// What keeps the tool from reading the file, found by trying again.
+Reason WhyNotRead(const FileName& name)
+{
+  InputFile again(ToText(name.getSource()));
+  unsigned char byte = 0;
+  if (!again.reason()) again.read(0, {&byte, 1});
+  return again.reason().value_or(Reason{again.name(), "cannot read"});
+}
+
+// The file that made the tool's step end with the code; none when it was no file's fault.
+std::optional<Reason> FileAtFault(int code, const Assembly& assembly, const Kelvra& run)
+{
+  switch (code) {
+    case lidNotRead:
+      if (assembly.lid.status().size() <= MaximumLength) return WhyNotRead(run.lidFile);
+      return Reason{ToText(run.lidFile.getSource()), "cannot read", EFBIG};
+    case lidNotMeasured:
+      return Reason{ToText(run.lidFile.getSource()), "cannot tell its length"};
+    case ruvpdNotOpened:
+    case ruvpdNotRead:
+    case vpdinfoNotOpened:
+    case vpdinfoNotRead:
+      return WhyNotRead(assembly.front.sources.back().name);
+    default:
+      return std::nullopt;
+  }
+}
+
+Reason NotMade(const std::string& image, const std::optional<Reason>& fault)
+{
+  if (!fault) return {image, "not made"};
+  return {image, "not made: " + fault->file + ": " + fault->what, fault->error};
+}
+
+// The reason when the file is one that the run must not write.
+std::optional<Reason> Kept(const ReplacedFile& file, const std::string& name, const Kelvra& run,
+                           const Assembly& assembly)
+{
+  if (!IsKept(FileStatus(ToString(file.target())), run, assembly.lid, assembly.front.sources)) return std::nullopt;
+  return Reason{name, "cannot write: it is an input of this run, or where its messages go"};
+}
+
+std::vector<FileName> NamesOf(const std::vector<SourceFile>& sources)
+{
+  std::vector<FileName> names;
+  for (const SourceFile& source : sources) names.push_back(source.name);
+  return names;
+}
+
+boolean IsMainSourceMissing(const std::vector<SourceFile>& sources)
+{
+  return !sources.empty() && !sources.front().isOpened;
+}
+
+std::vector<std::string> LinesOf(const MessageCapture& capture, bool all)
+{
+  std::vector<std::string> lines;
+  for (const MessageCapture::Line& line : capture.lines()) {
+    if (all || line.kind == MessageKind::value) lines.push_back(ToText(line.text));
+  }
+  return lines;
+}
+
+BuildResult CouldNot(const Reason& reason) { return {couldNot, {}, {}, {reason}}; }
+
+// A run of build, after lint.
+class Making {
+ public:
+  Making(const Inputs& inputs, const BuildOptions& chosen)
+      : options(chosen), run(MakeRun(inputs)), assembly(run), output(ToText(run.outputFile.getSource()))
+  {}
+
+  BuildResult make();
+
+ private:
+  BuildResult ended(int code, const Reason& reason) const;
+  BuildResult write();
+  std::optional<Reason> openImage();
+  std::optional<Reason> openDepfile();
+  std::optional<Reason> placeBoth();
+
+  const BuildOptions& options;
+  const Kelvra run;
+  Assembly assembly;
+  const std::string output;
+  DepsResult deps;
+  std::optional<ReplacedFile> image;
+  std::optional<ReplacedFile> depfile;
+  const MessageCapture capture;
+};
+
+BuildResult Making::make()
+{
+  if (const auto reason = UnreadVpdinfo(run)) return CouldNot(*reason);
+  const int code = Assemble(run, assembly);
+  const std::vector<SourceFile>& sources = assembly.front.sources;
+  if (IsMainSourceMissing(sources)) return CouldNot(NotMade(output, WhyNotRead(sources.front().name)));
+  if (code != success) return ended(code, NotMade(output, FileAtFault(code, assembly, run)));
+  if (!options.depfile.empty()) {
+    deps = DepsOf(run, NamesOf(sources));
+    std::vector<Reason> reasons = NamesOutsideDepfiles(deps);
+    if (!reasons.empty()) return {couldNot, {}, {}, std::move(reasons)};
+  }
+  return write();
+}
+
+// A step of the tool that failed.
+BuildResult Making::ended(int code, const Reason& reason) const
+{
+  run.printError(code);
+  return {code, {}, LinesOf(capture, true), {reason}};
+}
+
+BuildResult Making::write()
+{
+  if (const auto reason = openImage()) return ended(outputNotWritten, *reason);
+  BuildResult result;
+  auto reason = openDepfile();
+  if (!reason) reason = placeBoth();
+  if (reason) {
+    result = CouldNot(*reason);
+  } else {
+    run.printError(success);
+  }
+  result.lines = LinesOf(capture, options.verbose);
+  return result;
+}
+
+std::optional<Reason> Making::openImage()
+{
+  image.emplace(output);
+  if (auto reason = Kept(*image, output, run, assembly)) return reason;
+  return image->open();
+}
+
+std::optional<Reason> Making::openDepfile()
+{
+  if (options.depfile.empty()) return std::nullopt;
+  depfile.emplace(options.depfile);
+  if (depfile->target() == image->target()) return Reason{options.depfile, "cannot write: it is the image"};
+  if (auto reason = Kept(*depfile, options.depfile, run, assembly)) return reason;
+  return depfile->open();
+}
+
+// Both are whole before the first takes its place. The image comes last: it is what tells a build that all is done.
+std::optional<Reason> Making::placeBoth()
+{
+  std::optional<Reason> reason;
+  const std::string text = depfile ? Depfile(deps) : std::string();
+  if (depfile) reason = depfile->write({reinterpret_cast<const unsigned char*>(text.data()), text.size()});
+  if (!reason) reason = image->write(assembly.output->bytes());
+  if (!reason && depfile) reason = depfile->place();
+  if (!reason) reason = image->place();
+  return reason;
+}
+
+}  // namespace
+
+BuildResult Build(const Inputs& inputs, const BuildOptions& options)
+{
+  LintResult lint;
+  if (options.lint) lint = Lint(inputs, {});
+  const bool isRefused = std::ranges::any_of(
+      lint.findings, [](const Finding& finding) { return finding.rule->severity == Severity::error; });
+  if (isRefused) return {foundSomething, std::move(lint.findings), {}, {}};
+  if (lint.status == couldNot) return {couldNot, std::move(lint.findings), {}, std::move(lint.reasons)};
+  BuildResult result = Making(inputs, options).make();
+  result.findings = std::move(lint.findings);
+  return result;
+}

@@ -14,7 +14,15 @@ struct DepsResult {
   std::vector<Reason> reasons;
 };
 
+// Reads the RUVPD source, and no other file.
 DepsResult Deps(const Inputs& inputs);
 
-// The result as a depfile that GNU make and Ninja read alike: one rule, and an empty rule for each input.
+// Those of a run whose sources are known.
+DepsResult DepsOf(const Kelvra& run, const std::vector<FileName>& sources);
+
+// The names that GNU make or Ninja cannot read from a depfile.
+std::vector<Reason> NamesOutsideDepfiles(const DepsResult& deps);
+
+// The result, without such names, as a depfile that GNU make and Ninja read alike: one rule, and an empty rule for each
+// input.
 std::string Depfile(const DepsResult& deps);

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <ctime>
 
+#include "builder/SourceKind.h"
 #include "source/MapStringString.h"
 #include "source/SPAOption.h"
 
@@ -36,6 +37,14 @@ Kelvra MakeRun(const Inputs& inputs)
   run.buildTime = inputs.timestamp;
   run.nameFiles();
   return run;
+}
+
+std::optional<Reason> UnreadVpdinfo(const Kelvra& run)
+{
+  String extension = run.ruvpdFile.getExtension();
+  if (run.vpdinfoFile.getSource().empty() || !SourceKindOf(extension.toUpper()).readAlone) return std::nullopt;
+  return Reason{ToText(run.vpdinfoFile.getSource()),
+                "no place for a VPDINFO source: " + ToText(run.ruvpdFile.getSource()) + " is read alone"};
 }
 
 std::string ToText(const String& text) { return std::string(static_cast<const char*>(text), text.length()); }

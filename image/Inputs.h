@@ -25,6 +25,10 @@ std::optional<Reason> TakeSourceDateEpoch(Inputs& inputs);
 // is to be UTC, and empties the option table.
 Kelvra MakeRun(const Inputs& inputs);
 
+// The reason why a run does not take the VPDINFO source that it was given: its main source is of a kind that is read
+// alone.
+std::optional<Reason> UnreadVpdinfo(const Kelvra& run);
+
 // The tool's text as the standard library's, and back.
 std::string ToText(const String& text);
 String ToString(const std::string& text);

@@ -33,10 +33,7 @@ void AddFault(LintedSource& source, const ReportedSource* reported, const Source
 LintedSource LintSource(const FileName& file, const ReportedSource* reported, bool restricted, Findings& findings)
 {
   ReadFileStream stream(file, std::ios_base::in);
-  LintedSource source = {{file, stream.failure() ? FileStatus(file.getSource()) : stream.status()},
-                         ToText(file.getSource()(0, PATH_MAX)),
-                         success,
-                         {}};
+  LintedSource source = {SourceFile(file, stream), ToText(file.getSource()(0, PATH_MAX)), success, {}};
   if (stream.failure()) {
     AddFault(source, reported,
              {Rule("missing-source"), &ReportedSource::openError, OpenFault(file), ", and silently counts as empty"},

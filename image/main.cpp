@@ -11,6 +11,7 @@
 #include "image/Build.h"
 #include "image/Deps.h"
 #include "image/Diff.h"
+#include "image/Extract.h"
 #include "image/Json.h"
 #include "image/Lint.h"
 #include "image/Output.h"
@@ -78,10 +79,12 @@ void DepsOptions(CLI::App& app, Arguments& arguments)
 
 int RunDeps(Arguments& arguments)
 {
-  const DepsResult result = Deps(arguments.inputs);
+  DepsResult result = Deps(arguments.inputs);
+  if (result.status == allWell && !arguments.json) result.reasons = NamesOutsideDepfiles(result);
   PrintReasons(result.reasons);
-  if (result.status == allWell) arguments.out.add(arguments.json ? Json(result) : Depfile(result));
-  return result.status;
+  if (!result.reasons.empty()) return couldNot;
+  arguments.out.add(arguments.json ? Json(result) : Depfile(result));
+  return allWell;
 }
 
 void LintOptions(CLI::App& app, Arguments& arguments)
@@ -202,6 +205,19 @@ int RunDiff(Arguments& arguments)
   return result.status;
 }
 
+void ExtractOptions(CLI::App& app, Arguments& arguments)
+{
+  app.add_option("image", arguments.files, "the image")->required()->expected(1)->type_name("IMAGE");
+  app.add_option("-o,--output", arguments.inputs.lid, "the LID to be written")->required()->type_name("LID");
+}
+
+int RunExtract(Arguments& arguments)
+{
+  const ExtractResult result = Extract(arguments.files[0], arguments.inputs.lid);
+  PrintReasons(result.reasons);
+  return result.status;
+}
+
 int RunFields(Arguments& arguments)
 {
   arguments.out.add(arguments.json ? FieldsJson() : FieldsText());
@@ -229,37 +245,56 @@ constexpr Command commands[] = {
     {"diff", "Tell in which fields two images differ", "kelvra-image diff old.ruhx new.ruhx", DiffOptions, RunDiff},
     {"verify", "Prove an image, alone or with its inputs", "kelvra-image verify part.ruhx -l part.kesp -r part.lidhdr",
      VerifyOptions, RunVerify},
+    {"extract", "Take the LID out of an image", "kelvra-image extract part.ruhx -o part.kesp", ExtractOptions,
+     RunExtract},
     {"fields", "Print the layout, keywords, checks, rules and codes", "kelvra-image fields --json", AddJson, RunFields},
 };
 
-// A command's options are set up only when it is the one that is called.
-const Command* Parse(CLI::App& app, Arguments& arguments, int argc, char** argv)
+// The command that the first argument names, or null.
+const Command* FindCommand(int argc, char** argv)
 {
-  app.require_subcommand(1);
+  if (argc < 2) return nullptr;
+  const std::string_view name = argv[1];
+  const auto* found = std::ranges::find_if(commands, [&](const Command& command) { return name == command.name; });
+  return found != std::end(commands) ? found : nullptr;
+}
+
+// A command has a parser of its own, which is all that it sets up: that is a good part of the time of a small build.
+void ParseFor(const Command& command, CLI::App& app, Arguments& arguments, int argc, char** argv)
+{
+  app.description(command.summary);
+  app.name(std::string("kelvra-image ") + command.name);
+  app.footer(std::string("Example: ") + command.example);
+  command.options(app, arguments);
+  app.parse(argc - 1, argv + 1);
+}
+
+// Without a command there is only help, the version, or a mistake to be told of.
+void ParseAlone(CLI::App& app, int argc, char** argv)
+{
+  app.name("kelvra-image");
+  app.description("Makes, shows, proves, compares and checks the images that kelvra makes.");
   app.set_version_flag("--version", "kelvra-image " KELVRA_VERSION);
-  const Command* called = nullptr;
-  for (const Command& command : commands) {
-    CLI::App* sub = app.add_subcommand(command.name, command.summary);
-    if (argc < 2 || std::string_view(argv[1]) != command.name) continue;
-    command.options(*sub, arguments);
-    sub->footer(std::string("Example: ") + command.example);
-    called = &command;
-  }
+  app.require_subcommand(1);
+  for (const Command& command : commands) app.add_subcommand(command.name, command.summary);
   app.parse(argc, argv);
-  return called;
 }
 
 int Run(int argc, char** argv)
 {
   Arguments arguments;
-  CLI::App app("Makes, shows, proves, compares and checks the images that kelvra makes.");
+  CLI::App app;
   int status = couldNot;
   try {
-    const Command* command = Parse(app, arguments, argc, argv);
-    if (const auto reason = TakeSourceDateEpoch(arguments.inputs)) {
-      PrintReason(*reason);
+    if (const Command* command = FindCommand(argc, argv)) {
+      ParseFor(*command, app, arguments, argc, argv);
+      if (const auto reason = TakeSourceDateEpoch(arguments.inputs)) {
+        PrintReason(*reason);
+      } else {
+        status = command->run(arguments);
+      }
     } else {
-      status = command->run(arguments);
+      ParseAlone(app, argc, argv);
     }
   } catch (const CLI::ParseError& error) {
     // Help and version are such errors too.

@@ -1,0 +1,179 @@
+#include "image/ReplacedFile.h"
+
+#include <fcntl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <climits>
+#include <cstdio>
+
+#include "foundation/SystemCall.h"
+#include "image/Inputs.h"
+
+namespace {
+
+constexpr int mostLinks = 40;  // as many as the operating system follows
+constexpr mode_t permissionBits = 07777;
+
+std::string FolderOf(const std::string& name)
+{
+  const auto slash = name.rfind('/');
+  if (slash == std::string::npos) return ".";
+  return slash == 0 ? "/" : name.substr(0, slash);
+}
+
+// Follows the name's symbolic links to the last one's target, whether that exists or not; 0 or an errno value.
+int FollowLinks(std::string& name)
+{
+  for (int links = 0;; links++) {
+    char target[PATH_MAX];
+    const ssize_t length = ::readlink(name.c_str(), target, sizeof target);
+    if (length < 0) return 0;  // no link
+    if (links == mostLinks) return ELOOP;
+    const std::string text(target, static_cast<std::size_t>(length));
+    name = text.starts_with('/') ? text : FolderOf(name) + '/' + text;
+  }
+}
+
+bool IsSameFile(const std::string& name, const struct stat& known)
+{
+  struct stat found = {};
+  return ::stat(name.c_str(), &found) == 0 && found.st_dev == known.st_dev && found.st_ino == known.st_ino;
+}
+
+// The name under which a file that is open can be linked and opened anew.
+std::string NameOf(const FileDescriptor& file) { return "/proc/self/fd/" + std::to_string(file.descriptor()); }
+
+int ErrorOf(int result) { return result == 0 ? 0 : errno; }
+
+// 0 or an errno value.
+int Link(const char* file, const char* to)
+{
+  return ErrorOf(::linkat(AT_FDCWD, file, AT_FDCWD, to, AT_SYMLINK_FOLLOW));
+}
+
+// Links the file and gives it the target's name; only system calls. The one name cannot be replaced by a link at once.
+int LinkAndRename(const char* file, const char* hidden, const char* target)
+{
+  if (const int error = Link(file, hidden)) return error;
+  const int error = ErrorOf(::rename(hidden, target));
+  if (error != 0) ::unlink(hidden);
+  return error;
+}
+
+// The same in a child, which shares this process's memory but not its end: who kills this process, or all of its group,
+// does not come between the two steps and leave the hidden name. A session of its own would part them too, but makes
+// the scheduler put the two processes into different groups, at ten times the cost.
+int LinkAndRenameUnparted(const char* file, const char* hidden, const char* target)
+{
+  volatile int result = EINTR;    // of a child that was killed before it began
+  const pid_t child = ::vfork();  // NOLINT(clang-analyzer-security.insecureAPI.vfork): sharing the memory is the point
+  if (child == 0) {
+    ::setpgid(0, 0);
+    result = LinkAndRename(file, hidden, target);
+    ::_exit(0);
+  }
+  if (child < 0) return LinkAndRename(file, hidden, target);
+  Uninterrupted([&] { return ::waitpid(child, nullptr, 0); });
+  return result;
+}
+
+}  // namespace
+
+ReplacedFile::ReplacedFile(const std::string& given) : name(given), place_(given)
+{
+  lookup = ErrorOf(::stat(name.c_str(), &old));
+  if (lookup != 0 && lookup != ENOENT) return;
+  const bool isAbsent = lookup == ENOENT;
+  if (!isAbsent && !S_ISREG(old.st_mode)) return;
+  lookup = FollowLinks(place_);
+  if (isAbsent) {
+    kind = Kind::absent;
+  } else if (place_ == name || IsSameFile(place_, old)) {
+    kind = Kind::regular;
+  } else {
+    place_ = name;  // led to by /proc, but without a name of its own
+  }
+}
+
+std::optional<Reason> ReplacedFile::open()
+{
+  const char* what = kind == Kind::absent ? "cannot create" : "cannot write";
+  if (lookup != 0) return failed("cannot create", lookup);
+  int error = 0;
+  switch (kind) {
+    case Kind::absent:
+      error = ErrorOf(::faccessat(AT_FDCWD, folder().c_str(), W_OK | X_OK, AT_EACCESS));
+      break;
+    case Kind::regular:
+      error = ErrorOf(::faccessat(AT_FDCWD, place_.c_str(), W_OK, AT_EACCESS));
+      break;
+    case Kind::other:
+      error = file.open(ToString(name), O_WRONLY | O_TRUNC);
+      break;
+  }
+  return failed(what, error);
+}
+
+std::optional<Reason> ReplacedFile::write(std::span<const unsigned char> bytes)
+{
+  if (kind != Kind::other) {
+    if (const int error = makeTemporary()) return failed("cannot create a temporary file in its folder", error);
+  }
+  const auto length = static_cast<std::streamsize>(bytes.size());
+  if (file.write(reinterpret_cast<const char*>(bytes.data()), length) != length) return failed("cannot write", errno);
+  if (kind == Kind::regular) {
+    if (const int error = keepPermissions()) return failed("cannot keep its permissions", error);
+  }
+  if (!file.close()) return failed("cannot write", errno);
+  return std::nullopt;
+}
+
+std::optional<Reason> ReplacedFile::place()
+{
+  if (kind == Kind::other) return std::nullopt;
+  return failed("cannot replace", temporary.exists() ? temporary.rename(place_) : placeUnnamed());
+}
+
+std::string ReplacedFile::folder() const { return FolderOf(place_); }
+
+// A file without a name needs a file system that has such, and /proc to give it one later.
+int ReplacedFile::makeTemporary()
+{
+  if (file.open(ToString(folder()), O_WRONLY | O_TMPFILE) == 0) {
+    if (unnamed.open(ToString(NameOf(file)), O_PATH) == 0) return 0;
+    file.close();
+  }
+  return temporary.create(folder(), file);
+}
+
+// Another user's file stays that user's, or at least its group's, where the operating system lets it.
+int ReplacedFile::keepPermissions() const
+{
+  const int descriptor = file.descriptor();
+  struct stat made = {};
+  if (::fstat(descriptor, &made) != 0) return errno;
+  if (made.st_uid != old.st_uid || made.st_gid != old.st_gid) {
+    static_cast<void>(::fchown(descriptor, old.st_uid, old.st_gid) == 0 ||
+                      ::fchown(descriptor, made.st_uid, old.st_gid) == 0);
+  }
+  if ((made.st_mode & permissionBits) == (old.st_mode & permissionBits)) return 0;
+  return ErrorOf(::fchmod(descriptor, old.st_mode & permissionBits));
+}
+
+int ReplacedFile::placeUnnamed()
+{
+  const std::string source = NameOf(unnamed);
+  if (kind == Kind::absent) {
+    const int error = Link(source.c_str(), place_.c_str());
+    if (error != EEXIST) return error;
+  }
+  return LinkAndRenameUnparted(source.c_str(), FreshName(folder()).c_str(), place_.c_str());
+}
+
+std::optional<Reason> ReplacedFile::failed(const char* what, int error) const
+{
+  if (error == 0) return std::nullopt;
+  return Reason{name, what, error};
+}
