@@ -138,7 +138,7 @@ constexpr KeywordRow keywordRows[] = {
      .values = yesNo,
      .refusal = badOnlineLLFlag,
      .whenNotGiven = "Y"},
-    {.keyword = "VPDINFONM", .effect = "the VPDINFO source's base name"},
+    {.keyword = vpdinfoNameKeyword, .effect = "the VPDINFO source's base name"},
     {.keyword = "INSTRSET", .effect = "nothing"},
     {.keyword = "NUCSEQCTL", .effect = "nothing"},
 };

@@ -8,6 +8,9 @@
 #include "headers/SSDHdrX.h"
 #include "headers/VPDHdrX.h"
 
+// The keyword that sets no field but names the VPDINFO source.
+inline constexpr const char* vpdinfoNameKeyword = "VPDINFONM";
+
 // The two records that the keywords fill.
 struct Headers {
   VitalProductDataHeaderX vpd = VitalProductDataHeaderX(sizeof(VPDHDR));

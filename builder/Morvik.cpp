@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "builder/Keywords.h"
 #include "builder/MorvikCreateHeader.h"
 #include "builder/SourceKind.h"
 #include "foundation/FileStreams.h"
@@ -46,25 +47,6 @@ constexpr MessageRow messages[] = {
 };
 static_assert(CodesAscend(messages));
 
-// The sources whose reading and faults are reported, by their extension in exactly this case.
-struct ReportedSource {
-  const char* extension;
-  ReturnCode openError;
-  ReturnCode readError;
-  const char* readLine;
-};
-constexpr ReportedSource reportedSources[] = {
-    {"lidhdr", ruvpdNotOpened, ruvpdNotRead, "ruvpd File is "},
-    {"vpdinfo", vpdinfoNotOpened, vpdinfoNotRead, "vpdinfo File is "},
-};
-
-const ReportedSource* FindReported(const String& extension)
-{
-  const auto* row = std::find_if(std::begin(reportedSources), std::end(reportedSources),
-                                 [&](const ReportedSource& source) { return extension == source.extension; });
-  return row != std::end(reportedSources) ? row : nullptr;
-}
-
 boolean IsDigits(const String& text, unsigned int length)
 {
   const char* characters = text;
@@ -76,11 +58,15 @@ void ReportUnusable(const FileName& file) { PrintErrorLine("File name is " + fil
 
 }  // namespace
 
+SourceFile::SourceFile(const FileName& file, const ReadFileStream& stream)
+    : name(file), opened(stream.failure() ? FileStatus(file.getSource()) : stream.status()), isOpened(!stream.failure())
+{}
+
 std::span<const MessageRow> MorvikMessages() { return messages; }
 
 int Morvik::morvikParse(String source, String date, String time)
 {
-  systemName = "qel";
+  systemName = defaultVpdinfoName;
   const FileName name(source);
   memberName = name.getMember();
   if (memberName.empty()) return badFileName;
@@ -113,6 +99,11 @@ int Morvik::morvikExecute()
 
 boolean Morvik::isProductInformation() const { return SourceKindOf(sourceType).readAlone; }
 
+FileName VpdinfoName(const FileName& ruvpdSource, const String& baseName)
+{
+  return Build(ruvpdSource.getLibrary(), String(), baseName, "vpdinfo");
+}
+
 std::vector<FileName> Morvik::nameSources()
 {
   if (isProductInformation()) return {vpdinfoSource};
@@ -121,22 +112,22 @@ std::vector<FileName> Morvik::nameSources()
   return {ruvpdSource, vpdinfoName()};
 }
 
-// When none was given, in the folder of the RUVPD source, with the base name that VPDINFONM gives or else the default
-// one.
+// When none was given, the one with the base name that VPDINFONM gives, or else the default one.
 FileName Morvik::vpdinfoName() const
 {
   if (givenVpdinfo.isValid()) return givenVpdinfo;
-  const String given = SPAOption::StringValid("VPDINFONM") == 1 ? SPAOption::GetStringValue("VPDINFONM") : String();
-  return Build(ruvpdSource.getLibrary(), String(), given.empty() ? systemName : given, "vpdinfo");
+  const String given =
+      SPAOption::StringValid(vpdinfoNameKeyword) == 1 ? SPAOption::GetStringValue(vpdinfoNameKeyword) : String();
+  return VpdinfoName(ruvpdSource, given.empty() ? systemName : given);
 }
 
 int Morvik::openSource(FileName& file, boolean& restricted)
 {
   sourceProgram.reset();
   const boolean isGiven = restricted && givenVpdinfo.isValid();
-  const ReportedSource* reported = FindReported(isGiven ? String("vpdinfo") : file.getExtension());
+  const ReportedSource* reported = FindReportedSource(isGiven ? String("vpdinfo") : file.getExtension());
   ReadFileStream stream(file, std::ios_base::in);
-  sources.push_back({file, stream.failure() ? FileStatus(file.getSource()) : stream.status(), !stream.failure()});
+  sources.emplace_back(file, stream);
   if (stream.failure()) {
     if (reported == nullptr) return success;
     ReportUnusable(file);

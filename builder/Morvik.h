@@ -10,12 +10,15 @@
 #include "foundation/ByteString.h"
 #include "foundation/FileName.h"
 #include "foundation/FileStatus.h"
+#include "foundation/FileStreams.h"
 #include "foundation/MessageTable.h"
 #include "foundation/String.h"
 #include "source/SPASourceProgram.h"
 
 // A file that was named as a source, whether it could be opened or not.
 struct SourceFile {
+  SourceFile(const FileName& file, const ReadFileStream& stream);
+
   FileName name;
   FileStatus opened;  // at the open; without one, of the file that had the name
   boolean isOpened;   // whether it could be opened
@@ -23,6 +26,12 @@ struct SourceFile {
 
 // The codes that morvikPrintError knows, and what it says of them.
 std::span<const MessageRow> MorvikMessages();
+
+// The VPDINFO source's base name when the RUVPD source gives none.
+inline constexpr const char* defaultVpdinfoName = "qel";
+
+// The VPDINFO source with this base name, in the folder of the RUVPD source.
+FileName VpdinfoName(const FileName& ruvpdSource, const String& baseName);
 
 class Morvik {
  public:

@@ -13,6 +13,11 @@ constexpr SourceKind sourceKinds[] = {
 };
 constexpr const SourceKind& usualKind = sourceKinds[0];
 
+constexpr ReportedSource reportedSources[] = {
+    {"lidhdr", ruvpdNotOpened, ruvpdNotRead, "ruvpd File is "},
+    {"vpdinfo", vpdinfoNotOpened, vpdinfoNotRead, "vpdinfo File is "},
+};
+
 }  // namespace
 
 const SourceKind& SourceKindOf(const String& extension)
@@ -20,4 +25,11 @@ const SourceKind& SourceKindOf(const String& extension)
   const auto* kind = std::find_if(std::begin(sourceKinds), std::end(sourceKinds),
                                   [&](const SourceKind& row) { return extension == row.extension; });
   return kind != std::end(sourceKinds) ? *kind : usualKind;
+}
+
+const ReportedSource* FindReportedSource(const String& extension)
+{
+  const auto* row = std::find_if(std::begin(reportedSources), std::end(reportedSources),
+                                 [&](const ReportedSource& source) { return extension == source.extension; });
+  return row != std::end(reportedSources) ? row : nullptr;
 }

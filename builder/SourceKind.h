@@ -1,6 +1,7 @@
 // The kinds of main source, told apart by the file's extension.
 #pragma once
 
+#include "foundation/ReturnCode.h"
 #include "foundation/String.h"
 
 struct SourceKind {
@@ -14,3 +15,15 @@ struct SourceKind {
 
 // The kind of a source with this extension, given in upper case. An extension that no kind has counts as "LIDHDR".
 const SourceKind& SourceKindOf(const String& extension);
+
+// A source whose reading and faults are reported, told by its extension in exactly this case. Any other one that cannot
+// be opened or read counts as far as it was read.
+struct ReportedSource {
+  const char* extension;
+  ReturnCode openError;
+  ReturnCode readError;
+  const char* readLine;
+};
+
+// Null for a source that is not reported.
+const ReportedSource* FindReportedSource(const String& extension);

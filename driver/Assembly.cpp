@@ -4,25 +4,29 @@
 #include "foundation/ReturnCode.h"
 #include "headers/KespHeader.h"
 
-int Assemble(const Kelvra& app, Assembly& assembly)
+int CheckLid(const Kelvra& app, const ReadFileStream& lid)
 {
-  auto& [lid, front, output] = assembly;
   if (lid.failure()) return lidNotRead;
   const FileStatus& lidStatus = lid.status();
   if (!lidStatus.valid()) return lidNotMeasured;
   if (lidStatus.size() > MaximumLength) return lidNotRead;
-  const auto lidLength = static_cast<unsigned int>(lidStatus.size());
-  const unsigned int frontLength = FrontLength(app);
   // Just below 4 GiB the end of the output has no 32-bit offset.
-  if (lidLength > MaximumLength - frontLength) return lidNotMeasured;
+  if (lidStatus.size() > MaximumLength - FrontLength(app)) return lidNotMeasured;
+  return success;
+}
 
-  output.emplace(frontLength, lidLength);
+int Assemble(const Kelvra& app, Assembly& assembly)
+{
+  auto& [lid, front, output] = assembly;
+  if (const int code = CheckLid(app, lid)) return code;
+  const auto lidLength = static_cast<unsigned int>(lid.status().size());
+  output.emplace(FrontLength(app), lidLength);
   if (!output->valid()) return lidNotRead;
   const boolean whole = output->readLid(lid) == lidLength && lid.endOfFile();
   if (lid.failure()) return lidNotRead;
   if (!whole) return lidNotMeasured;
 
-  if (const int code = BuildFront(app, lidStatus, output->lidBegin(sizeof(KESPHDR)), front)) return code;
+  if (const int code = BuildFront(app, lid.status(), output->lidBegin(sizeof(KESPHDR)), front)) return code;
   output->setFront(front.bytes);
   return success;
 }

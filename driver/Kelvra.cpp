@@ -91,10 +91,10 @@ void Kelvra::showUsage() const { ShowUsage(this); }
 
 void Kelvra::nameFiles()
 {
-  DefaultFrom(lidFile, ruvpdFile, "lidhdr");
-  DefaultFrom(lidFile, outputFile, "ruhx");
-  CompleteExtension(*this, lidFile, "kesp");
-  CompleteExtension(*this, ruvpdFile, "lidhdr");
+  DefaultFrom(lidFile, ruvpdFile, sourceExtension);
+  DefaultFrom(lidFile, outputFile, outputExtension);
+  CompleteExtension(*this, lidFile, lidExtension);
+  CompleteExtension(*this, ruvpdFile, sourceExtension);
 }
 
 std::span<const MessageRow> KelvraMessages() { return messages; }

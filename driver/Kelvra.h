@@ -10,6 +10,11 @@
 #include "foundation/FileName.h"
 #include "foundation/MessageTable.h"
 
+// The extensions of names that are not given, or without one.
+inline constexpr const char* lidExtension = "kesp";
+inline constexpr const char* sourceExtension = "lidhdr";
+inline constexpr const char* outputExtension = "ruhx";
+
 class Kelvra : public Application {
  public:
   Kelvra();

@@ -1,54 +1,17 @@
 #include "driver/OutputFront.h"
 
-#include <ctime>
-
 #include "builder/MorvikCreateHeader.h"
+#include "driver/BuildTime.h"
 #include "foundation/Allocate.h"
 #include "foundation/ReturnCode.h"
 #include "headers/AuxillaryHdr.h"
 #include "headers/FileHdr.h"
-#include "headers/KespHeader.h"
 #include "headers/ScnHdr.h"
 #include "headers/VPDHdrX.h"
 
 namespace {
 
 constexpr unsigned int envelopeLength = sizeof(FILEHDR) + sizeof(AUXILLARYHDR) + sizeof(SCNHDR);
-
-// When the load module was built.
-struct BuildTime {
-  time_t seconds;  // since the epoch
-  String date;     // YYYYMMDD, local time
-  String time;     // hhmmss, local time
-};
-
-String Formatted(const tm& local, const char* format)
-{
-  char text[16];
-  return String(text, static_cast<unsigned int>(std::strftime(text, sizeof text, format, &local)));
-}
-
-// The LID header's date and time, or without a LID header the given time. The strings are empty when the time has no
-// text form.
-BuildTime GetBuildTime(const ByteString& lidBegin, time_t otherwise)
-{
-  BuildTime build = {otherwise, String(), String()};
-  KespHeader lidHeader(lidBegin);
-  const tm* local = nullptr;
-  if (lidHeader.valid() && lidHeader.getMagicNumber() == KespHeader::lidMagicNumber && lidHeader.holdsLidDateTime()) {
-    tm* built = lidHeader.getLidDateTime();
-    built->tm_isdst = -1;
-    build.seconds = std::mktime(built);
-    local = built;
-  } else {
-    local = std::localtime(&build.seconds);
-  }
-  if (local != nullptr) {
-    build.date = Formatted(*local, "%Y%m%d");
-    build.time = Formatted(*local, "%H%M%S");
-  }
-  return build;
-}
 
 // All that stands in front of the LID's bytes, in file order.
 ByteString AssembleFront(const ByteString& block, unsigned int lidLength, time_t buildTime)

@@ -55,7 +55,7 @@ void FuzzByteString(FuzzInput input)
         [&] { s.replace(a, count, other), m.replace(a, count, added); }, [&] { s += byte, m += ch; },
         [&] { s.replace(a, count, byte), m.replace(a, count, 1, ch); }, [&] { s += other, m += added; },
         [&] { s.remove(a, count), m.erase(a, count); }, [&] { s = s + other, m += added; },
-        [&] { s = byte + (s + byte), m = ch + m + ch; }, [&] { s.reSize(b); },
+        [&] { s = byte + (s + byte), m.insert(0, 1, ch) += ch; }, [&] { s.reSize(b); },
         [&] { s = s(a, count), m = m.substr(a, count); }, [&] { s = other, m = added; },
         [&] { s = ByteString(s, b), m = m.substr(0, b); }, [&] { s = ByteString(b, byte), m.assign(b, ch); },
         [&] { s.init(byte), m.assign(end, ch); }, [&] { s.clear(), m.clear(); },

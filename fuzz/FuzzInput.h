@@ -42,6 +42,8 @@ struct FuzzInput {
 
 // What each fuzzer does with one input. The tests run all of them on inputs of their own.
 void FuzzByteString(FuzzInput input);
+void FuzzImage(FuzzInput input);
 void FuzzLidHeader(FuzzInput input);
+void FuzzLint(FuzzInput input);
 void FuzzSource(FuzzInput input);
 void FuzzString(FuzzInput input);

@@ -177,8 +177,8 @@ BuildResult Build(const Inputs& inputs, const BuildOptions& options)
 {
   LintResult lint;
   if (options.lint) lint = Lint(inputs, {});
-  const bool isRefused =
-      std::ranges::any_of(lint.findings, [](const Finding& finding) { return finding.severity == Severity::error; });
+  const bool isRefused = std::ranges::any_of(
+      lint.findings, [](const Finding& finding) { return finding.rule->severity == Severity::error; });
   if (isRefused) return {foundSomething, std::move(lint.findings), {}, {}};
   if (lint.status == couldNot) return {couldNot, std::move(lint.findings), {}, std::move(lint.reasons)};
   BuildResult result = Making(inputs, options).make();

@@ -13,7 +13,7 @@ namespace {
 using namespace std::chrono;
 
 // The number in EBCDIC digits, or -1.
-int DigitsAt(Bytes bytes, std::size_t first, std::size_t count)
+int DigitsAt(ByteView bytes, std::size_t first, std::size_t count)
 {
   int number = 0;
   for (const unsigned char byte : bytes.subspan(first, count)) {
@@ -23,7 +23,7 @@ int DigitsAt(Bytes bytes, std::size_t first, std::size_t count)
   return number;
 }
 
-std::optional<std::int64_t> LocalSeconds(Bytes date, Bytes time)
+std::optional<std::int64_t> LocalSeconds(ByteView date, ByteView time)
 {
   if (date.size() < 8 || time.size() < 6) return std::nullopt;
   const int yearNumber = DigitsAt(date, 0, 4);
@@ -37,7 +37,8 @@ std::optional<std::int64_t> LocalSeconds(Bytes date, Bytes time)
   const year_month_day day(year(yearNumber), month(static_cast<unsigned>(monthNumber)),
                            std::chrono::day(static_cast<unsigned>(dayNumber)));
   if (!day.ok()) return std::nullopt;
-  return sys_seconds(sys_days(day)).time_since_epoch().count() + (hour * 60 + minute) * 60 + second;
+  return sys_seconds(sys_days(day)).time_since_epoch().count() + hour * std::int64_t{3600} + minute * std::int64_t{60} +
+         second;
 }
 
 // The number nearest to `goal` of those that are `number` modulo 2^32.
@@ -52,7 +53,7 @@ std::int64_t Nearest(std::uint32_t number, std::int64_t goal)
 std::optional<BuildMoment> BuildMomentOf(const ImageFile& image)
 {
   const std::uint64_t vpd = image.offsetOf(RecordId::vpdHeader);
-  const Bytes stamp = image.bytes(offsetof(FILEHDR, timeDate), sizeof(FILEHDR::timeDate));
+  const ByteView stamp = image.bytes(offsetof(FILEHDR, timeDate), sizeof(FILEHDR::timeDate));
   const auto local = LocalSeconds(image.bytes(vpd + offsetof(VPDHDR, ruDate), sizeof(VPDHDR::ruDate)),
                                   image.bytes(vpd + offsetof(VPDHDR, ruTime), sizeof(VPDHDR::ruTime)));
   if (!local) return std::nullopt;

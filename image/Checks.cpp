@@ -39,7 +39,7 @@ constexpr CheckRow checkRows[] = {
 static_assert(std::size(checkRows) == static_cast<std::size_t>(CheckId::inputs) + 1);
 
 constexpr std::uint64_t longestShortName = sizeof(RUSSD::ruName);
-constexpr std::int64_t longestOffset = 16 * 3600;  // between a time zone and UTC, in seconds
+constexpr std::int64_t longestOffset = 57'600;  // seconds, 16 hours
 
 // A field that has one right value, which follows from where the records lie.
 struct Expectation {
@@ -183,7 +183,7 @@ void Checker::checkExpectations()
     const std::uint64_t value = expectation.value(image.file.layout());
     std::array<unsigned char, 8> bytes = {};
     for (std::size_t i = 0; i < bytes.size(); i++) bytes[i] = static_cast<unsigned char>(value >> (56 - 8 * i));
-    const Bytes expected = Bytes(bytes).last(field->bytes.size());
+    const ByteView expected = ByteView(bytes).last(field->bytes.size());
     const FieldValue right = field->row->bits.width != 0 ? FieldValue(value != 0) : Decode(*field->row, expected);
     if (field->value == right) continue;
     failures(expectation.check).push_back({record->row, field->row, field->offset, field->value, right, {}});
@@ -296,7 +296,7 @@ const CheckRow& CheckOf(CheckId id) { return checkRows[static_cast<std::size_t>(
 
 std::vector<CheckResult> CheckImage(const Image& image) { return Checker(image).run(); }
 
-Failure FieldFailure(const Record& record, const Field& field, Bytes expected)
+Failure FieldFailure(const Record& record, const Field& field, ByteView expected)
 {
   Failure failure = {record.row, field.row, field.offset, field.value, Decode(*field.row, expected), {}};
   if (failure.found == failure.expected) {

@@ -57,6 +57,6 @@ struct CheckResult {
 std::vector<CheckResult> CheckImage(const Image& image);
 
 // The failure of a field in which these bytes were expected; as digits where they only differ in their padding.
-Failure FieldFailure(const Record& record, const Field& field, Bytes expected);
+Failure FieldFailure(const Record& record, const Field& field, ByteView expected);
 // "vpdHeader.ruName".
 std::string FieldName(const RecordRow& record, const FieldRow& field);

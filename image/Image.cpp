@@ -23,7 +23,7 @@ void AppendEscaped(std::string& text, unsigned char ascii, unsigned char byte)
   }
 }
 
-std::string FromAscii(Bytes bytes)
+std::string FromAscii(ByteView bytes)
 {
   while (!bytes.empty() && bytes.back() == 0) bytes = bytes.first(bytes.size() - 1);
   std::string text;
@@ -38,7 +38,7 @@ std::string Join(const std::vector<std::string>& names)
   return text;
 }
 
-std::uint64_t BitsOf(const FieldRow& row, Bytes bytes)
+std::uint64_t BitsOf(const FieldRow& row, ByteView bytes)
 {
   const std::uint64_t after = bytes.size() * 8 - row.bits.first % 8 - row.bits.width;
   return Number(bytes) >> after & row.bits.ones();
@@ -140,7 +140,7 @@ ExitStatus Image::status() const
   return file.size() == expectedSize ? allWell : foundSomething;
 }
 
-FieldValue Decode(const FieldRow& row, Bytes bytes)
+FieldValue Decode(const FieldRow& row, ByteView bytes)
 {
   switch (row.kind) {
     case FieldKind::number:
@@ -166,7 +166,7 @@ FieldValue Decode(const FieldRow& row, Bytes bytes)
   return {};
 }
 
-bool Differ(const FieldRow& row, Bytes one, Bytes other)
+bool Differ(const FieldRow& row, ByteView one, ByteView other)
 {
   if (row.bits.width != 0 && one.size() == other.size() && !one.empty()) return BitsOf(row, one) != BitsOf(row, other);
   return !std::ranges::equal(one, other);
@@ -202,7 +202,7 @@ std::string ValueText(const FieldRow& row, const FieldValue& value)
   return row.kind == FieldKind::digits || row.kind == FieldKind::reserved ? text : '"' + text + '"';
 }
 
-std::string Hexadecimal(Bytes bytes)
+std::string Hexadecimal(ByteView bytes)
 {
   constexpr char digits[] = "0123456789abcdef";
   std::string text;
@@ -214,12 +214,12 @@ std::string Hexadecimal(Bytes bytes)
   return text;
 }
 
-bool IsZero(Bytes bytes)
+bool IsZero(ByteView bytes)
 {
   return std::ranges::all_of(bytes, [](unsigned char byte) { return byte == 0; });
 }
 
-std::string FromEbcdic(Bytes bytes)
+std::string FromEbcdic(ByteView bytes)
 {
   if (IsZero(bytes)) return {};
   const unsigned char padding = bytes.back() == 0 ? 0 : ebcdicBlankChar;

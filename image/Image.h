@@ -14,7 +14,7 @@ struct Field {
   const FieldRow* row;
   std::uint64_t offset;  // from the beginning of the file
   std::uint64_t length;  // bytes that it should have
-  Bytes bytes;           // bytes that the file holds of it
+  ByteView bytes;        // bytes that the file holds of it
   FieldValue value;
   std::string remark;  // a time in readable form; mostly none
 };
@@ -41,15 +41,15 @@ struct Image {
 };
 
 // The value of a field's bytes.
-FieldValue Decode(const FieldRow& row, Bytes bytes);
+FieldValue Decode(const FieldRow& row, ByteView bytes);
 // Whether the field differs in two images, of a flag only in its own bits.
-bool Differ(const FieldRow& row, Bytes one, Bytes other);
+bool Differ(const FieldRow& row, ByteView one, ByteView other);
 // The names that stand for the field's value, none when it has none.
 std::vector<std::string> Names(const FieldRow& row, const FieldValue& value);
 // The value as people read it: by its names where it has some, texts in quotes, "(cut)" for none.
 std::string ValueText(const FieldRow& row, const FieldValue& value);
 // The bytes' digits, two each.
-std::string Hexadecimal(Bytes bytes);
-bool IsZero(Bytes bytes);
+std::string Hexadecimal(ByteView bytes);
+bool IsZero(ByteView bytes);
 // EBCDIC as ASCII without the padding. A byte that has no printable form becomes \xNN, a backslash becomes two.
-std::string FromEbcdic(Bytes bytes);
+std::string FromEbcdic(ByteView bytes);

@@ -55,10 +55,10 @@ void ImageFile::readFront(std::uint64_t length)
   front.resize(had + read(had, std::span(front).subspan(had)));
 }
 
-Bytes ImageFile::bytes(std::uint64_t offset, std::uint64_t length) const
+ByteView ImageFile::bytes(std::uint64_t offset, std::uint64_t length) const
 {
   if (offset >= front.size()) return {};
-  return Bytes(front).subspan(offset, std::min<std::uint64_t>(length, front.size() - offset));
+  return ByteView(front).subspan(offset, std::min<std::uint64_t>(length, front.size() - offset));
 }
 
 std::uint64_t ImageFile::offsetOf(RecordId record) const
@@ -85,7 +85,7 @@ std::uint64_t ImageFile::offsetOf(RecordId record) const
   return 0;
 }
 
-Bytes ImageFile::field(RecordId record, const FieldRow& row) const
+ByteView ImageFile::field(RecordId record, const FieldRow& row) const
 {
   return bytes(offsetOf(record) + FirstByte(row), ByteCount(row));
 }
@@ -124,8 +124,8 @@ std::uint64_t ImageFile::findBlockLength()
 // Three fields tell it; the one that stands alone is wrong.
 std::uint64_t ImageFile::findLidLength() const
 {
-  const Bytes ruLength = bytes(blockOffset + offsetof(VPDHDR, ruLength), 4);
-  const Bytes rawData = bytes(records.sectionOffset() + offsetof(SCNHDR, numberOfRawDataBytes), 4);
+  const ByteView ruLength = bytes(blockOffset + offsetof(VPDHDR, ruLength), 4);
+  const ByteView rawData = bytes(records.sectionOffset() + offsetof(SCNHDR, numberOfRawDataBytes), 4);
   const std::uint64_t end = number(offsetof(FILEHDR, symbolTableOffset), 4);
   const std::uint64_t byEnd = static_cast<std::uint32_t>(end - records.lidOffset());
   if (ruLength.size() < 4) return byEnd;

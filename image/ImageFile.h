@@ -27,11 +27,11 @@ class ImageFile : public InputFile {
   const ImageLayout& layout() const { return records; }
   // What the file holds of these bytes, which is less than `length` where it ends. They must lie in front of the LID or
   // in the LID's header.
-  Bytes bytes(std::uint64_t offset, std::uint64_t length) const;
+  ByteView bytes(std::uint64_t offset, std::uint64_t length) const;
   // Where the record begins.
   std::uint64_t offsetOf(RecordId record) const;
   // What the file holds of the field.
-  Bytes field(RecordId record, const FieldRow& row) const;
+  ByteView field(RecordId record, const FieldRow& row) const;
 
  private:
   void readFront(std::uint64_t length);

@@ -8,7 +8,7 @@
 
 #include "foundation/SystemCall.h"
 
-std::uint64_t Number(Bytes bytes)
+std::uint64_t Number(ByteView bytes)
 {
   std::uint64_t number = 0;
   for (const unsigned char byte : bytes) number = number << 8 | byte;

@@ -8,10 +8,10 @@
 
 #include "image/Reason.h"
 
-using Bytes = std::span<const unsigned char>;
+using ByteView = std::span<const unsigned char>;
 
 // The big-endian number in up to 8 bytes.
-std::uint64_t Number(Bytes bytes);
+std::uint64_t Number(ByteView bytes);
 
 class InputFile {
  public:

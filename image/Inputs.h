@@ -9,12 +9,13 @@
 #include "image/Reason.h"
 
 struct Inputs {
-  std::string lid;                        // -l
-  std::string source;                     // -r; when empty, beside the LID
-  std::string image;                      // -o; when empty, beside the LID
-  std::string vpdinfo;                    // --vpdinfo; when empty, beside the RUVPD source
-  std::optional<std::int64_t> timestamp;  // --timestamp: the build time of a LID without header, seconds since 1970
-  bool utc = false;                       // --utc
+  std::string lid = {};      // -l
+  std::string source = {};   // -r; when empty, beside the LID
+  std::string image = {};    // -o; when empty, beside the LID
+  std::string vpdinfo = {};  // --vpdinfo; when empty, beside the RUVPD source
+  std::optional<std::int64_t> timestamp =
+      {};            // --timestamp: the build time of a LID without header, seconds since 1970
+  bool utc = false;  // --utc
 };
 
 // Where neither --timestamp nor --utc was given, SOURCE_DATE_EPOCH gives both. The reason when it is no number.

@@ -59,8 +59,8 @@ Object ToJson(const Finding& finding)
 {
   Object object = {{"file", finding.file},
                    {"line", finding.line},
-                   {"severity", SeverityName(finding.severity)},
-                   {"rule", finding.rule},
+                   {"severity", SeverityName(finding.rule->severity)},
+                   {"rule", finding.rule->name},
                    {"message", finding.message}};
   if (!finding.keyword.empty()) object["keyword"] = finding.keyword;
   if (finding.code != 0) object["code"] = finding.code;

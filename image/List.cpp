@@ -7,7 +7,7 @@ ListRow List(const Image& image)
 {
   const std::uint64_t vpd = image.file.offsetOf(RecordId::vpdHeader);
   const auto bytes = [&](std::size_t offset, std::size_t length) { return image.file.bytes(vpd + offset, length); };
-  const Bytes loadId = bytes(offsetof(VPDHDR, ruLoadId), sizeof(VPDHDR::ruLoadId));
+  const ByteView loadId = bytes(offsetof(VPDHDR, ruLoadId), sizeof(VPDHDR::ruLoadId));
   ListRow row;
   if (!IsZero(loadId)) row.loadId = Hexadecimal(loadId);
   row.name = FromEbcdic(bytes(offsetof(VPDHDR, ruName), sizeof(VPDHDR::ruName)));

@@ -23,8 +23,8 @@ std::optional<std::uint64_t> FirstDifference(const Payload& one, const Payload& 
     const std::size_t count = std::min(oneCount, otherCount);
     // A file that has become shorter differs where it ends now.
     if (count < wanted || std::memcmp(oneBytes.data(), otherBytes.data(), count) != 0) {
-      const Bytes piece = Bytes(oneBytes).first(count);
-      const auto [differs, ignored] = std::ranges::mismatch(piece, Bytes(otherBytes).first(count));
+      const ByteView piece = ByteView(oneBytes).first(count);
+      const auto [differs, ignored] = std::ranges::mismatch(piece, ByteView(otherBytes).first(count));
       return done + static_cast<std::uint64_t>(differs - piece.begin());
     }
     done += count;

@@ -11,12 +11,8 @@ std::vector<CodeRow> CodeRows()
   std::map<int, std::string> meanings;
   for (const MessageRow& row : KelvraMessages()) meanings[row.code] = row.text;
   for (const MessageRow& row : MorvikMessages()) meanings[row.code] = row.text;
-  // The one code without a message: the refusal line stands for it.
-  for (const KeywordRow& keyword : KeywordRows()) {
-    if (keyword.refusal != success)
-      meanings.try_emplace(keyword.refusal, "Invalid value of " + std::string(keyword.keyword));
-  }
   std::vector<CodeRow> rows;
+  rows.reserve(meanings.size());
   for (const auto& [code, meaning] : meanings) rows.push_back({code, meaning});
   return rows;
 }

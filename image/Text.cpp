@@ -6,6 +6,7 @@
 #include <iterator>
 
 #include "image/Tables.h"
+#include "image/Utf8.h"
 
 namespace {
 
@@ -51,22 +52,20 @@ void AppendField(std::string& text, const Field& field)
 
 void AppendRecord(std::string& text, const Record& record)
 {
-  auto out = std::back_inserter(text);
-  fmt::format_to(out, "{}, {} bytes at {}", record.row->name, record.length, record.offset);
-  if (record.held < record.length) fmt::format_to(out, ", of which {} are missing", record.length - record.held);
+  text += fmt::format("{}, {} bytes at {}", record.row->name, record.length, record.offset);
+  if (record.held < record.length) text += fmt::format(", of which {} are missing", record.length - record.held);
   text += '\n';
   for (const Field& field : record.fields) AppendField(text, field);
 }
 
 void AppendFailure(std::string& text, const CheckRow& check, const std::string& file, const Failure& failure)
 {
-  auto out = std::back_inserter(text);
-  fmt::format_to(out, "{}: {}:", file, check.name);
+  text += fmt::format("{}: {}:", file, check.name);
   if (failure.field != nullptr) {
-    fmt::format_to(out, " {} at {} is {}", FieldName(*failure.record, *failure.field), failure.offset,
-                   ValueText(*failure.field, failure.found));
+    text += fmt::format(" {} at {} is {}", FieldName(*failure.record, *failure.field), failure.offset,
+                        ValueText(*failure.field, failure.found));
     if (!std::holds_alternative<std::monostate>(failure.expected)) {
-      fmt::format_to(out, ", not {}", ValueText(*failure.field, failure.expected));
+      text += fmt::format(", not {}", ValueText(*failure.field, failure.expected));
     }
     if (!failure.message.empty()) text += ',';
   }
@@ -74,7 +73,7 @@ void AppendFailure(std::string& text, const CheckRow& check, const std::string& 
   const auto* found = std::get_if<std::uint64_t>(&failure.found);
   const auto* expected = std::get_if<std::uint64_t>(&failure.expected);
   if (failure.field == nullptr && found != nullptr && expected != nullptr) {
-    fmt::format_to(out, ": {} bytes, not {}", *found, *expected);
+    text += fmt::format(": {} bytes, not {}", *found, *expected);
   }
   text += '\n';
 }
@@ -86,32 +85,31 @@ std::string ValueText(const Difference& difference, int side)
 
 void AppendValues(std::string& text, std::span<const CodedValue> values)
 {
-  for (const CodedValue& value : values) fmt::format_to(std::back_inserter(text), " {}={}", value.value, value.code);
+  for (const CodedValue& value : values) text += fmt::format(" {}={}", value.value, value.code);
 }
 
 }  // namespace
 
 std::string Text(const Finding& finding)
 {
-  std::string text = finding.file;
+  std::string text = Escaped(finding.file);
   if (finding.line != 0) text += fmt::format(":{}", finding.line);
-  text += fmt::format(": {}: {}", SeverityName(finding.severity), finding.message);
+  text += fmt::format(": {}: {}", SeverityName(finding.rule->severity), Escaped(finding.message));
   if (finding.code != 0) text += fmt::format(" (code {})", finding.code);
-  return text + fmt::format(" [{}]", finding.rule);
+  return text + fmt::format(" [{}]", finding.rule->name);
 }
 
 std::string Text(const Image& image)
 {
   std::string text;
   text.reserve(8192);
-  auto out = std::back_inserter(text);
-  fmt::format_to(out, "{}: {} bytes\n", image.file.name(), image.file.size());
+  text += fmt::format("{}: {} bytes\n", Escaped(image.file.name()), image.file.size());
   for (const Record& record : image.records) AppendRecord(text, record);
   if (image.file.size() < image.expectedSize) {
-    fmt::format_to(out, "cut: {} bytes of {} are missing\n", image.expectedSize - image.file.size(),
-                   image.expectedSize);
+    text +=
+        fmt::format("cut: {} bytes of {} are missing\n", image.expectedSize - image.file.size(), image.expectedSize);
   } else if (image.file.size() > image.expectedSize) {
-    fmt::format_to(out, "too long: {} bytes follow the LID\n", image.file.size() - image.expectedSize);
+    text += fmt::format("too long: {} bytes follow the LID\n", image.file.size() - image.expectedSize);
   }
   return text;
 }
@@ -119,7 +117,7 @@ std::string Text(const Image& image)
 std::string Text(const ListRow& row, const Image& image)
 {
   return fmt::format("{:<8}  {:<8}  {:<4}  {:<19}  {:>10}  {}\n", row.loadId, row.name, row.versionLevel, row.built,
-                     row.lidSize, image.file.name());
+                     row.lidSize, Escaped(image.file.name()));
 }
 
 std::string Text(const VerifyResult& verified, const std::string& file, bool all)
@@ -143,43 +141,41 @@ std::string Text(const VerifyResult& verified, const std::string& file, bool all
 std::string Text(const DiffResult& diff)
 {
   std::string text;
-  auto out = std::back_inserter(text);
   for (const Difference& difference : diff.differences) {
-    fmt::format_to(out, "{}: {} -> {}\n", FieldName(*difference.record, *difference.field), ValueText(difference, 0),
-                   ValueText(difference, 1));
+    text += fmt::format("{}: {} -> {}\n", FieldName(*difference.record, *difference.field), ValueText(difference, 0),
+                        ValueText(difference, 1));
   }
   if (diff.payload) {
-    fmt::format_to(out, "LID: {} bytes -> {} bytes, different from byte {} on\n", diff.payload->lengths[0],
-                   diff.payload->lengths[1], diff.payload->first);
+    text += fmt::format("LID: {} bytes -> {} bytes, different from byte {} on\n", diff.payload->lengths[0],
+                        diff.payload->lengths[1], diff.payload->first);
   } else if (!diff.differences.empty()) {
     text += "LID: the same\n";
   }
-  for (const std::string& note : diff.notes) fmt::format_to(out, "note: {}\n", note);
+  for (const std::string& note : diff.notes) text += fmt::format("note: {}\n", note);
   return text;
 }
 
 std::string FieldsText()
 {
   std::string text;
-  auto out = std::back_inserter(text);
   for (const RecordRow& record : RecordRows()) {
-    fmt::format_to(out, "record {} {}\n", record.name, record.length);
+    text += fmt::format("record {} {}\n", record.name, record.length);
     for (const FieldRow& field : record.fields) {
-      fmt::format_to(out, "field {}.{} {} {} {}", record.name, field.name, FirstByte(field), ByteCount(field),
-                     FieldKindName(field.kind));
-      if (field.keyword != nullptr) fmt::format_to(out, " {}", field.keyword);
+      text += fmt::format("field {}.{} {} {} {}", record.name, field.name, FirstByte(field), ByteCount(field),
+                          FieldKindName(field.kind));
+      if (field.keyword != nullptr) text += fmt::format(" {}", field.keyword);
       AppendValues(text, field.values);
       text += '\n';
     }
   }
   for (const KeywordRow& keyword : KeywordRows()) {
-    fmt::format_to(out, "keyword {} {}: {}\n", keyword.keyword, MayStandInVpdinfo(keyword) ? "either" : "main",
-                   keyword.effect);
+    text += fmt::format("keyword {} {}: {}\n", keyword.keyword, MayStandInVpdinfo(keyword) ? "either" : "main",
+                        keyword.effect);
   }
-  for (const CheckRow& check : CheckRows()) fmt::format_to(out, "check {}: {}\n", check.name, check.summary);
+  for (const CheckRow& check : CheckRows()) text += fmt::format("check {}: {}\n", check.name, check.summary);
   for (const LintRule& rule : LintRules()) {
-    fmt::format_to(out, "rule {} {}: {}\n", rule.name, SeverityName(rule.severity), rule.summary);
+    text += fmt::format("rule {} {}: {}\n", rule.name, SeverityName(rule.severity), rule.summary);
   }
-  for (const CodeRow& code : CodeRows()) fmt::format_to(out, "code {}: {}\n", code.code, code.meaning);
+  for (const CodeRow& code : CodeRows()) text += fmt::format("code {}: {}\n", code.code, code.meaning);
   return text;
 }

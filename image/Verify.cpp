@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "driver/BuildTime.h"
 #include "driver/OutputFront.h"
 #include "foundation/Allocate.h"
 #include "foundation/ReturnCode.h"
@@ -35,7 +36,7 @@ CheckResult CheckPayload(Image& image, InputFile& lid)
 
 // What building the headers anew came to.
 struct MadeFront {
-  Bytes bytes() const { return {front.bytes.getBytePointer(), front.bytes.length()}; }
+  ByteView bytes() const { return {front.bytes.getBytePointer(), front.bytes.length()}; }
 
   OutputFront front;
   int code = success;
@@ -66,8 +67,7 @@ MadeFront MakeFront(const Image& image, InputFile& lid, Kelvra& run)
   std::vector<unsigned char> begin(std::min<std::uint64_t>(sizeof(KESPHDR), lid.size()));
   begin.resize(lid.read(0, begin));
   const ByteString lidBegin(begin.data(), static_cast<unsigned int>(begin.size()));
-  const KespHeader header(lidBegin);
-  if (!run.buildTime && !(header.valid() && header.getMagicNumber() == KespHeader::lidMagicNumber)) {
+  if (!run.buildTime && !HoldsBuildTime(KespHeader(lidBegin))) {
     run.buildTime = StampOf(image);
     made.tookImageTime = true;
   }
@@ -94,7 +94,7 @@ void CompareFields(const Image& image, const MadeFront& made, CheckResult& resul
     for (const Field& field : record.fields) {
       const std::uint64_t begin = field.offset + shift;
       if (begin + field.length > madeLength || field.bytes.size() < field.length) continue;
-      const Bytes expected = made.bytes().subspan(begin, field.length);
+      const ByteView expected = made.bytes().subspan(begin, field.length);
       if (Differ(*field.row, field.bytes, expected)) result.failures.push_back(FieldFailure(record, field, expected));
     }
   }
@@ -106,7 +106,7 @@ CheckResult CheckInputs(const Image& image, const MadeFront& made)
   if (made.tookImageTime)
     result.remarks.emplace_back("the LID has no header and no time was given: the image's is taken");
   const std::uint64_t length = made.front.bytes.length();
-  const Bytes there = image.file.bytes(0, std::max(length, image.file.layout().lidOffset()));
+  const ByteView there = image.file.bytes(0, std::max(length, image.file.layout().lidOffset()));
   if (std::ranges::equal(there, made.bytes())) return result;
   CompareFields(image, made, result);
   if (length != image.file.layout().lidOffset()) {

@@ -11,6 +11,7 @@
 #include "image/Build.h"
 #include "image/Deps.h"
 #include "image/Diff.h"
+#include "image/Extract.h"
 #include "image/Json.h"
 #include "image/Lint.h"
 #include "image/Output.h"
@@ -204,6 +205,19 @@ int RunDiff(Arguments& arguments)
   return result.status;
 }
 
+void ExtractOptions(CLI::App& app, Arguments& arguments)
+{
+  app.add_option("image", arguments.files, "the image")->required()->expected(1)->type_name("IMAGE");
+  app.add_option("-o,--output", arguments.inputs.lid, "the LID to be written")->required()->type_name("LID");
+}
+
+int RunExtract(Arguments& arguments)
+{
+  const ExtractResult result = Extract(arguments.files[0], arguments.inputs.lid);
+  PrintReasons(result.reasons);
+  return result.status;
+}
+
 int RunFields(Arguments& arguments)
 {
   arguments.out.add(arguments.json ? FieldsJson() : FieldsText());
@@ -231,6 +245,8 @@ constexpr Command commands[] = {
     {"diff", "Tell in which fields two images differ", "kelvra-image diff old.ruhx new.ruhx", DiffOptions, RunDiff},
     {"verify", "Prove an image, alone or with its inputs", "kelvra-image verify part.ruhx -l part.kesp -r part.lidhdr",
      VerifyOptions, RunVerify},
+    {"extract", "Take the LID out of an image", "kelvra-image extract part.ruhx -o part.kesp", ExtractOptions,
+     RunExtract},
     {"fields", "Print the layout, keywords, checks, rules and codes", "kelvra-image fields --json", AddJson, RunFields},
 };
 
@@ -264,13 +280,8 @@ void ParseAlone(CLI::App& app, int argc, char** argv)
   app.parse(argc, argv);
 }
 
-}  // namespace
-
-int main(int argc, char** argv)
+int Run(int argc, char** argv)
 {
-  // A closed pipe and a limit on file sizes are errors of the write.
-  std::signal(SIGPIPE, SIG_IGN);
-  std::signal(SIGXFSZ, SIG_IGN);
   Arguments arguments;
   CLI::App app;
   int status = couldNot;
@@ -292,13 +303,25 @@ int main(int argc, char** argv)
     status = app.exit(error, text, complaint) == 0 ? allWell : couldNot;
     arguments.out.add(text.str());
     if (status != allWell) PrintErrorLine("kelvra-image: " + String(error.what()) + "; --help tells more");
-  } catch (const std::bad_alloc&) {
-    PrintErrorLine("kelvra-image: out of memory");
-    status = couldNot;
   }
   if (const auto reason = arguments.out.finish()) {
     PrintReason(*reason);
     status = couldNot;
   }
   return status;
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+  // A closed pipe and a limit on file sizes are errors of the write.
+  std::signal(SIGPIPE, SIG_IGN);
+  std::signal(SIGXFSZ, SIG_IGN);
+  try {
+    return Run(argc, argv);
+  } catch (const std::exception& error) {  // memory that ends
+    std::fprintf(stderr, "kelvra-image: %s\n", error.what());
+    return couldNot;
+  }
 }

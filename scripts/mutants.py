@@ -25,8 +25,9 @@ import tempfile
 import time
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
-FOLDERS = ("foundation", "headers", "source", "builder", "driver")
-PROGRAMS = ("kelvra", "tests/kelvra_tests")
+FOLDERS = ("foundation", "headers", "source", "builder", "driver", "image")
+PROGRAMS = ("kelvra", "kelvra-image", "tests/kelvra_tests")
+SKIPPED = 77  # a test's exit status where it cannot run
 # Faults may ask for any amount of memory or file.
 LIMITS = {resource.RLIMIT_AS: 4 << 30, resource.RLIMIT_FSIZE: 16 << 30, resource.RLIMIT_CORE: 0}
 
@@ -124,24 +125,35 @@ class Worker:
 
     def __init__(self, folder, build_jobs):
         self.tree, self.build, self.clean, self.temporary = (folder / n for n in ("tree", "build", "clean", "tmp"))
-        self.make = ["cmake", "--build", self.build, "--target", "kelvra", "kelvra_tests", "-j", str(build_jobs)]
+        self.make = ["cmake", "--build", self.build, "--target", "kelvra", "kelvra-image", "kelvra_tests", "-j", str(build_jobs)]
         clone(self.tree)
         subprocess.run(["cmake", "-S", self.tree, "-B", self.build, "-G", "Ninja", "-DCMAKE_CXX_FLAGS=-O0 -g0 -w",
                         "-DCMAKE_GTEST_DISCOVER_TESTS_DISCOVERY_MODE=PRE_TEST"], check=True, stdout=sys.stderr)
         subprocess.run(self.make, check=True, stdout=sys.stderr)
         shutil.copytree(self.build, self.clean)
         begin = time.monotonic()
-        if self.test(600) != "survived":
+        if self.test("image/", 600) != "survived":
             sys.exit("mutants.py: a test fails without a fault")
         self.time_limit = 10 + 10 * (time.monotonic() - begin)
 
-    def test(self, time_limit):
+    def test(self, file, time_limit):
+        kelvra, image, tests = (self.build / program for program in PROGRAMS)
+        commands = [[tests, "--gtest_fail_fast"], [self.tree / "tests/kept.sh", kelvra]]
+        if file.startswith("image/"):
+            commands += [[self.tree / "tests/image.py", kelvra, image], [self.tree / "tests/build.sh", kelvra, image]]
+        for command in commands:
+            result = self.result_of(command, time_limit)
+            if result != "survived":
+                break
+        return result
+
+    def result_of(self, command, time_limit):
         self.temporary.mkdir()
-        with subprocess.Popen([self.build / PROGRAMS[1], "--gtest_fail_fast"], cwd=self.temporary,
-                              env=os.environ | {"TMPDIR": str(self.temporary)}, stdin=subprocess.DEVNULL,
-                              stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, start_new_session=True) as tests:
+        with subprocess.Popen(command, cwd=self.temporary, env=os.environ | {"TMPDIR": str(self.temporary)},
+                              stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+                              start_new_session=True) as tests:
             try:
-                result = "seen" if tests.wait(time_limit) else "survived"
+                result = "survived" if tests.wait(time_limit) in (0, SKIPPED) else "seen"
             except subprocess.TimeoutExpired:
                 result = "too long"
                 os.killpg(tests.pid, signal.SIGKILL)
@@ -157,7 +169,7 @@ class Worker:
         elif all(filecmp.cmp(self.build / program, self.clean / program, shallow=False) for program in PROGRAMS):
             result = "without effect"
         else:
-            result = self.test(self.time_limit)
+            result = self.test(fault.file, self.time_limit)
         file.write_text(text)
         os.utime(file, ns=(status.st_atime_ns, status.st_mtime_ns))
         shutil.rmtree(self.build)

@@ -1,7 +1,6 @@
 #include "source/SPASourceProgram.h"
 
 #include <algorithm>
-#include <new>
 
 #include "source/SPAOption.h"
 #include "source/SPASourceStmt.h"
@@ -10,9 +9,6 @@ namespace {
 
 constexpr const char* vpdinfoLabels[] = {"PRODUCTID", "INSTRSET", "SWRTYPE",  "DEVELBY",
                                          "DEVELFOR",  "DEVLABID", "VERLEVEL", "RELMODLVL"};
-
-// In bytes: 1 GiB, so that a message that quotes a line stays below the length of a String.
-constexpr unsigned int longestLine = 1U << 30;
 
 void Store(const SPASourceStmt& statement, boolean restricted)
 {
@@ -25,16 +21,7 @@ void Store(const SPASourceStmt& statement, boolean restricted)
 
 int SPASourceProgram::read(ReadStream& stream, boolean& restricted)
 {
-  try {
-    String line;
-    while (!stream.endOfFile()) {
-      stream.getLine(line, '\n', longestLine);
-      if (!stream.failure()) Store(SPASourceStmt(line), restricted);
-    }
-  } catch (const std::bad_alloc&) {  // a line or a source that memory cannot hold
-    stream.setFailure();
-  }
-  return stream.failure() ? 1 : 0;
+  return ReadLines(stream, [&](const String& line) { Store(SPASourceStmt(line), restricted); });
 }
 
 int labelOk(String& label)

@@ -2,9 +2,31 @@
 // statement is skipped, and no keyword is checked.
 #pragma once
 
+#include <new>
+
 #include "foundation/BasicTypes.h"
 #include "foundation/ReadStream.h"
 #include "foundation/String.h"
+
+// In bytes: 1 GiB, so that a message that quotes a line stays below the length of a String.
+inline constexpr unsigned int longestSourceLine = 1U << 30;
+
+// Hands each line to the visitor. Returns 0, or 1 when the stream has failed, as it does at a line or a source that
+// memory cannot hold; the half line before a failure is dropped.
+template <class Visitor>
+int ReadLines(ReadStream& stream, Visitor visit)
+{
+  try {
+    String line;
+    while (!stream.endOfFile()) {
+      stream.getLine(line, '\n', longestSourceLine);
+      if (!stream.failure()) visit(line);
+    }
+  } catch (const std::bad_alloc&) {
+    stream.setFailure();
+  }
+  return stream.failure() ? 1 : 0;
+}
 
 class SPASourceProgram {
  public:

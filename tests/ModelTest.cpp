@@ -36,4 +36,6 @@ static void ExpectHolds(void (*fuzz)(FuzzInput), const string& name, int rounds)
 TEST(ModelTest, String) { ExpectHolds(FuzzString, "StringFuzz", 6000); }
 TEST(ModelTest, ByteString) { ExpectHolds(FuzzByteString, "ByteStringFuzz", 4000); }
 TEST(ModelTest, LidHeader) { ExpectHolds(FuzzLidHeader, "LidHeaderFuzz", 10000); }
+TEST(ModelTest, Image) { ExpectHolds(FuzzImage, "ImageFuzz", 300); }
+TEST(ModelTest, Lint) { ExpectHolds(FuzzLint, "LintFuzz", 300); }
 TEST(ModelTest, Source) { ExpectHolds(FuzzSource, "SourceFuzz", 1000); }

@@ -61,8 +61,8 @@ std::string Content(const std::string& name)
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-void ExpectRun(const TemporaryFolder& folder, std::vector<std::string> arguments, int status, const std::string& err,
-               const std::string& zone)
+void ExpectRun(const TemporaryFolder& folder, std::vector<std::string> arguments, int status,
+               const std::optional<std::string>& err, const std::string& zone)
 {
   const TemporaryFolder streams;
   const std::string outFile = streams.write("out", ""), errFile = streams.write("err", "");
@@ -83,6 +83,6 @@ void ExpectRun(const TemporaryFolder& folder, std::vector<std::string> arguments
   EXPECT_EQ(waitpid(child, &ended, 0), child);
   posix_spawn_file_actions_destroy(&actions);
   EXPECT_EQ(WIFEXITED(ended) ? WEXITSTATUS(ended) : -WTERMSIG(ended), status);
-  EXPECT_EQ(Content(errFile), err);
+  EXPECT_EQ(Content(errFile), err.value_or(Content(errFile)));
   EXPECT_EQ(Content(outFile), "");
 }

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -50,6 +51,7 @@ class TemporaryFolder {
 };
 
 // Runs the built kelvra in `folder` with TZ set to `zone`; its standard input is empty. It ends with the exit status,
-// or minus the number of the signal that ended it, says `err` and leaves its standard output empty.
-void ExpectRun(const TemporaryFolder& folder, std::vector<std::string> arguments, int status, const std::string& err,
-               const std::string& zone = "UTC0");
+// or minus the number of the signal that ended it, says `err`, where one is given, and leaves its standard output
+// empty.
+void ExpectRun(const TemporaryFolder& folder, std::vector<std::string> arguments, int status,
+               const std::optional<std::string>& err, const std::string& zone = "UTC0");

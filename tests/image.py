@@ -1,4 +1,4 @@
-#!/usr/bin/env python3
+#!/usr/bin/python3
 """kelvra-image on images that kelvra makes: image.py KELVRA KELVRA-IMAGE. All JSON is held against the schema."""
 import collections
 import json
@@ -232,6 +232,17 @@ class ImageTest(unittest.TestCase):
         (self.path / "longer.ruhx").write_bytes(self.bytes[:700] + b"X" + self.bytes[701:] + b"Y")
         result = self.json(1, "diff", "old.ruhx", "longer.ruhx")
         self.assertEqual(result["payload"], {"same": False, "lengths": [287, 288], "first": 100})
+
+    def test_the_page_has_the_tables(self):
+        page = (ROOT / "docs/kelvra-image.md").read_text()
+        tables = self.json(0, "fields")
+        checks = [f"| `{row['check']}` | {row['summary']} |" for row in tables["checks"]]
+        rules = [f"| `{row['rule']}` | {row['severity']} | {row['summary']} |" for row in tables["rules"]]
+        self.assertEqual([line for line in page.splitlines() if line in set(checks + rules)], checks + rules)
+        keywords = {row["keyword"] for row in tables["keywords"]}
+        fields = {f["keyword"] for r in tables["records"] for f in r["fields"] if "keyword" in f}
+        self.assertEqual(keywords - fields, {"VPDINFONM", "INSTRSET", "NUCSEQCTL"})
+        self.assertEqual(fields - keywords, set())
 
     def test_what_cannot_be_done(self):
         (self.path / "empty").touch()
