@@ -120,16 +120,21 @@ std::optional<Reason> ReplacedFile::open()
 
 std::optional<Reason> ReplacedFile::write(std::span<const unsigned char> bytes)
 {
-  if (kind != Kind::other) {
+  if (!file.isOpen()) {
     if (const int error = makeTemporary()) return failed("cannot create a temporary file in its folder", error);
   }
   const auto length = static_cast<std::streamsize>(bytes.size());
   if (file.write(reinterpret_cast<const char*>(bytes.data()), length) != length) return failed("cannot write", errno);
+  return std::nullopt;
+}
+
+std::optional<Reason> ReplacedFile::finish()
+{
+  if (auto reason = write({})) return reason;  // also of a file without bytes
   if (kind == Kind::regular) {
     if (const int error = keepPermissions()) return failed("cannot keep its permissions", error);
   }
-  if (!file.close()) return failed("cannot write", errno);
-  return std::nullopt;
+  return file.close() ? std::nullopt : failed("cannot write", errno);
 }
 
 std::optional<Reason> ReplacedFile::place()
