@@ -23,24 +23,6 @@ int DigitsAt(ByteView bytes, std::size_t first, std::size_t count)
   return number;
 }
 
-std::optional<std::int64_t> LocalSeconds(ByteView date, ByteView time)
-{
-  if (date.size() < 8 || time.size() < 6) return std::nullopt;
-  const int yearNumber = DigitsAt(date, 0, 4);
-  const int monthNumber = DigitsAt(date, 4, 2);
-  const int dayNumber = DigitsAt(date, 6, 2);
-  const int hour = DigitsAt(time, 0, 2);
-  const int minute = DigitsAt(time, 2, 2);
-  const int second = DigitsAt(time, 4, 2);
-  const bool isTime = hour >= 0 && hour < 24 && minute >= 0 && minute < 60 && second >= 0 && second <= 60;
-  if (yearNumber < 0 || monthNumber < 0 || dayNumber < 0 || !isTime) return std::nullopt;
-  const year_month_day day(year(yearNumber), month(static_cast<unsigned>(monthNumber)),
-                           std::chrono::day(static_cast<unsigned>(dayNumber)));
-  if (!day.ok()) return std::nullopt;
-  return sys_seconds(sys_days(day)).time_since_epoch().count() + hour * std::int64_t{3600} + minute * std::int64_t{60} +
-         second;
-}
-
 // The number nearest to `goal` of those that are `number` modulo 2^32.
 std::int64_t Nearest(std::uint32_t number, std::int64_t goal)
 {
@@ -50,14 +32,39 @@ std::int64_t Nearest(std::uint32_t number, std::int64_t goal)
 
 }  // namespace
 
+std::optional<std::int64_t> DaySeconds(ByteView date)
+{
+  if (date.size() < sizeof(VPDHDR::ruDate)) return std::nullopt;
+  const int yearNumber = DigitsAt(date, 0, 4);
+  const int monthNumber = DigitsAt(date, 4, 2);
+  const int dayNumber = DigitsAt(date, 6, 2);
+  if (yearNumber < 0 || monthNumber < 0 || dayNumber < 0) return std::nullopt;
+  const year_month_day dayOfYear(year(yearNumber), month(static_cast<unsigned>(monthNumber)),
+                                 day(static_cast<unsigned>(dayNumber)));
+  if (!dayOfYear.ok()) return std::nullopt;
+  return sys_seconds(sys_days(dayOfYear)).time_since_epoch().count();
+}
+
+std::optional<std::int64_t> TimeSeconds(ByteView time)
+{
+  if (time.size() < sizeof(VPDHDR::ruTime)) return std::nullopt;
+  const int hour = DigitsAt(time, 0, 2);
+  const int minute = DigitsAt(time, 2, 2);
+  const int second = DigitsAt(time, 4, 2);
+  const bool isTime = hour >= 0 && hour < 24 && minute >= 0 && minute < 60 && second >= 0 && second <= 60;
+  if (!isTime) return std::nullopt;
+  return hour * std::int64_t{3600} + minute * std::int64_t{60} + second;
+}
+
 std::optional<BuildMoment> BuildMomentOf(const ImageFile& image)
 {
   const std::uint64_t vpd = image.offsetOf(RecordId::vpdHeader);
   const ByteView stamp = image.bytes(offsetof(FILEHDR, timeDate), sizeof(FILEHDR::timeDate));
-  const auto local = LocalSeconds(image.bytes(vpd + offsetof(VPDHDR, ruDate), sizeof(VPDHDR::ruDate)),
-                                  image.bytes(vpd + offsetof(VPDHDR, ruTime), sizeof(VPDHDR::ruTime)));
-  if (!local) return std::nullopt;
-  return BuildMoment{Nearest(static_cast<std::uint32_t>(Number(stamp)), *local), *local};
+  const auto day = DaySeconds(image.bytes(vpd + offsetof(VPDHDR, ruDate), sizeof(VPDHDR::ruDate)));
+  const auto time = TimeSeconds(image.bytes(vpd + offsetof(VPDHDR, ruTime), sizeof(VPDHDR::ruTime)));
+  if (!day || !time) return std::nullopt;
+  const std::int64_t local = *day + *time;
+  return BuildMoment{Nearest(static_cast<std::uint32_t>(Number(stamp)), local), local};
 }
 
 std::string TimeText(std::int64_t seconds)

@@ -16,6 +16,11 @@ struct BuildMoment {
 // Nothing when the image does not hold both, or when its date and time are none.
 std::optional<BuildMoment> BuildMomentOf(const ImageFile& image);
 
+// Seconds since 1970 of the day that the 8 EBCDIC digits say, and seconds of the day that the 6 digits say; nothing
+// when there is no such day or time.
+std::optional<std::int64_t> DaySeconds(ByteView date);
+std::optional<std::int64_t> TimeSeconds(ByteView time);
+
 // "2026-03-14 09:26:00" for seconds since 1970.
 std::string TimeText(std::int64_t seconds);
 // "+01:00" or, where it is no whole minute, "+01:00:07".

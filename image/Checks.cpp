@@ -19,25 +19,29 @@
 namespace {
 
 constexpr CheckRow checkRows[] = {
-    {"file-length", "the file ends where its LID ends"},
-    {"file-header", "the file header's constants, its end of file and its count of optional-header bytes"},
-    {"auxiliary-header", "the auxiliary header's constants"},
-    {"vpd-header", "the VPD header's constant, its offsets and its RU length"},
-    {"ssd-header", "the SSD header's type option and its nucleus sequence control"},
-    {"fill", "the zeros up to the VPD body"},
-    {"long-name", "a base name of more than 8 characters: its offset, its length and its closing zero"},
-    {"section-header", "the section header's name, size, offset and flags"},
-    {"reserved-bytes", "zeros in the reserved bytes of the VPD and SSD headers"},
-    {"date-time", "the RU date and time are a date and a time"},
-    {"build-time", "the stamp and the local date and time are at most 16 hours apart"},
-    {"codes", "each code stands for a value"},
-    {"flags", "the flags that follow from other fields"},
-    {"text-fields", "the texts consist of EBCDIC characters that kelvra writes"},
-    {"payload", "the LID is the image's"},
-    {"inputs", "the inputs make the image's headers"},
+    {"file-length", "the file ends where its LID ends", RecordId::fileHeader},
+    {"file-header", "the file header's constants, its end of file and its count of optional-header bytes",
+     RecordId::fileHeader},
+    {"auxiliary-header", "the auxiliary header's constants", RecordId::auxiliaryHeader},
+    {"vpd-header", "the VPD header's constant, its offsets and its RU length", RecordId::vpdHeader},
+    {"ssd-header", "the SSD header's type option and its nucleus sequence control", RecordId::ssdHeader},
+    {"fill", "the zeros up to the VPD body", RecordId::fill},
+    {"long-name", "a base name of more than 8 characters: its offset, its length and its closing zero",
+     RecordId::sectionHeader},
+    {"section-header", "the section header's name, size, offset and flags", RecordId::sectionHeader},
+    {"reserved-bytes", "zeros in the reserved bytes of the VPD and SSD headers", RecordId::ssdHeader},
+    {"date-time", "the RU date and time are a date and a time", RecordId::vpdHeader},
+    {"build-time", "the stamp and the local date and time are at most 16 hours apart", RecordId::vpdHeader},
+    {"codes", "each code stands for a value", RecordId::ssdHeader},
+    {"flags", "the flags that follow from other fields", RecordId::ssdHeader},
+    {"text-fields", "the texts consist of EBCDIC characters that kelvra writes", RecordId::sectionHeader},
+    {"payload", "the LID is the image's", RecordId::lid},
+    {"inputs", "the inputs make the image's headers", RecordId::lid},
 };
 static_assert(std::size(checkRows) == static_cast<std::size_t>(CheckId::inputs) + 1);
 
+constexpr std::uint64_t vpdConstantNumber = 0xE5D7C4;  // "VPD" in EBCDIC
+constexpr std::uint64_t lidTypeOption = 2;             // of "LID"
 constexpr std::uint64_t longestShortName = sizeof(RUSSD::ruName);
 constexpr std::int64_t longestOffset = 57'600;  // seconds, 16 hours
 
@@ -82,15 +86,15 @@ constexpr Expectation expectations[] = {
     {CheckId::auxiliaryHeader, RecordId::auxiliaryHeader, "textStart", Always<0>},
     {CheckId::auxiliaryHeader, RecordId::auxiliaryHeader, "dataStart", Always<0>},
     {CheckId::vpdHeader, RecordId::vpdHeader, "ruLength", LidLength},
-    {CheckId::vpdHeader, RecordId::vpdHeader, "vpdConstant", Always<0xE5D7C4>},
+    {CheckId::vpdHeader, RecordId::vpdHeader, "vpdConstant", Always<vpdConstantNumber>},
     {CheckId::vpdHeader, RecordId::vpdHeader, "vpdBodyOffset", Always<headerBodyOffset>},
     {CheckId::vpdHeader, RecordId::vpdHeader, "ssdOffset", Always<sizeof(VPDHDR)>},
     {CheckId::ssdHeader, RecordId::ssdHeader, "nucleusSequenceControl", Always<0>},
-    {CheckId::ssdHeader, RecordId::ssdHeader, "ruTypeOption", Always<2>},
+    {CheckId::ssdHeader, RecordId::ssdHeader, "ruTypeOption", Always<lidTypeOption>},
     {CheckId::longName, RecordId::ssdHeader, "longName.reserved", Always<0>},
     {CheckId::longName, RecordId::ssdHeader, "longName.ruNameOffset", Always<headerBodyOffset>},
     {CheckId::longName, RecordId::longName, "terminator", Always<0>},
-    {CheckId::sectionHeader, RecordId::sectionHeader, "name", Always<0x4BA385A7A3000000>},
+    {CheckId::sectionHeader, RecordId::sectionHeader, "name", Always<sectionNameNumber>},
     {CheckId::sectionHeader, RecordId::sectionHeader, "physicalAddress", Always<0>},
     {CheckId::sectionHeader, RecordId::sectionHeader, "virtualAddress", Always<0>},
     {CheckId::sectionHeader, RecordId::sectionHeader, "numberOfRawDataBytes", LidLength},
@@ -104,44 +108,40 @@ constexpr Expectation expectations[] = {
     {CheckId::flags, RecordId::vpdHeader, "flags1.softwareDependency", Always<0>},
 };
 
+// A field with its record, where the file holds it whole; else nulls.
+struct Place {
+  const Record* record = nullptr;
+  const Field* field = nullptr;
+};
+
 // The checks over one image.
 class Checker {
  public:
   explicit Checker(const Image& checked) : image(checked)
   {
-    for (const CheckRow& row : checkRows) results.push_back({&row, true, {}, {}});
+    for (const CheckRow& row : checkRows) results.push_back({&row, true, {}, {}, {}});
   }
 
   std::vector<CheckResult> run();
 
  private:
-  std::vector<Failure>& failures(CheckId id) { return results[static_cast<std::size_t>(id)].failures; }
-  void remark(CheckId id, std::string text)
-  {
-    results[static_cast<std::size_t>(id)].remarks.push_back(std::move(text));
-  }
-  void fail(CheckId id, RecordId record, const char* name, const char* message);
-  std::pair<const Record*, const Field*> find(RecordId record, const char* name) const;
+  CheckResult& result(CheckId id) { return results[static_cast<std::size_t>(id)]; }
+  void fail(CheckId id, const Place& place, const FieldValue& expected, const std::string& reason = {});
+  Place find(RecordId record, const char* name) const;
   std::uint64_t number(RecordId record, const char* name) const;
 
   void checkLength();
   void checkExpectations();
-  void checkZeros(const Record& record, const Field& field);
+  void checkZeros(const Place& place);
+  void checkCode(const Place& place);
+  void checkText(const Place& place);
   void checkTimes();
-  void checkCode(const Record& record, const Field& field);
-  void checkText(const Record& record, const Field& field);
   void checkRelations();
+  void leaveOutWhatIsCut();
 
   const Image& image;
   std::vector<CheckResult> results;
 };
-
-// A failure of a field for which there is no one right value.
-void Checker::fail(CheckId id, RecordId recordId, const char* name, const char* message)
-{
-  const auto [record, field] = find(recordId, name);
-  if (field != nullptr) failures(id).push_back({record->row, field->row, field->offset, field->value, {}, message});
-}
 
 std::vector<CheckResult> Checker::run()
 {
@@ -152,140 +152,146 @@ std::vector<CheckResult> Checker::run()
     if (record.row == &RecordOf(RecordId::lidHeader)) continue;
     for (const Field& field : record.fields) {
       if (field.bytes.size() < field.length) continue;
-      checkZeros(record, field);
-      checkCode(record, field);
-      checkText(record, field);
+      checkZeros({&record, &field});
+      checkCode({&record, &field});
+      checkText({&record, &field});
     }
   }
   checkTimes();
   checkRelations();
+  leaveOutWhatIsCut();
   return std::move(results);
 }
 
 void Checker::checkLength()
 {
-  const std::uint64_t nameLength = image.file.layout().longNameLength();
-  if (nameLength != 0 && nameLength <= longestShortName + 1) {
-    fail(CheckId::longName, RecordId::longName, "baseName", "a name of at most 8 characters stands in the SSD header");
-  }
   const std::uint64_t size = image.file.size();
   if (size == image.expectedSize) return;
-  failures(CheckId::fileLength)
-      .push_back({nullptr, nullptr, std::min(size, image.expectedSize), size, image.expectedSize,
-                  size < image.expectedSize ? "the file is cut" : "bytes follow the LID"});
+  result(CheckId::fileLength)
+      .failures.push_back({nullptr, nullptr, std::min(size, image.expectedSize), size, image.expectedSize,
+                           fmt::format("the file has {} bytes and should have {}", size, image.expectedSize)});
 }
 
 void Checker::checkExpectations()
 {
   for (const Expectation& expectation : expectations) {
-    const auto [record, field] = find(expectation.record, expectation.field);
-    if (field == nullptr) continue;
+    const Place place = find(expectation.record, expectation.field);
+    if (place.field == nullptr) continue;
     const std::uint64_t value = expectation.value(image.file.layout());
     std::array<unsigned char, 8> bytes = {};
     for (std::size_t i = 0; i < bytes.size(); i++) bytes[i] = static_cast<unsigned char>(value >> (56 - 8 * i));
-    const ByteView expected = ByteView(bytes).last(field->bytes.size());
-    const FieldValue right = field->row->bits.width != 0 ? FieldValue(value != 0) : Decode(*field->row, expected);
-    if (field->value == right) continue;
-    failures(expectation.check).push_back({record->row, field->row, field->offset, field->value, right, {}});
+    const FieldRow& row = *place.field->row;
+    const FieldValue right =
+        row.bits.width != 0 ? FieldValue(value != 0) : Decode(row, ByteView(bytes).last(place.field->bytes.size()));
+    if (place.field->value != right) fail(expectation.check, place, right);
+  }
+  const std::uint64_t nameLength = image.file.layout().longNameLength();
+  const Place name = find(RecordId::longName, "baseName");
+  if (name.field != nullptr && nameLength <= longestShortName + 1) {
+    fail(CheckId::longName, name, {}, "which fits in the SSD header");
   }
 }
 
-void Checker::checkZeros(const Record& record, const Field& field)
+void Checker::checkZeros(const Place& place)
 {
-  if (field.row->kind != FieldKind::reserved || record.row == &RecordOf(RecordId::longName)) return;
-  if (std::string_view(field.row->name).starts_with("longName")) return;
-  if (field.value == FieldValue(std::uint64_t{0})) return;
-  const CheckId id = record.row == &RecordOf(RecordId::fill) ? CheckId::fill : CheckId::reservedBytes;
-  failures(id).push_back({record.row, field.row, field.offset, field.value, std::uint64_t{0}, {}});
+  const auto& [record, field] = place;
+  if (field->row->kind != FieldKind::reserved || field->row->form == NameForm::afterFill) return;
+  if (record->row == &RecordOf(RecordId::longName) || field->value == FieldValue(std::uint64_t{0})) return;
+  const CheckId id = record->row == &RecordOf(RecordId::fill) ? CheckId::fill : CheckId::reservedBytes;
+  fail(id, place, std::uint64_t{0});
+}
+
+// 0 is a code that needs no name: no destination.
+void Checker::checkCode(const Place& place)
+{
+  const Field& field = *place.field;
+  if (field.row->kind != FieldKind::code || field.row->values.data() == std::data(ruTypeOptions)) return;
+  if (field.value == FieldValue(std::uint64_t{0}) || !Names(*field.row, field.value).empty()) return;
+  fail(CheckId::codes, place, {}, "no value has this code");
+}
+
+// A text is what the encoder makes of any characters, so that only bytes that it never makes are faults.
+void Checker::checkText(const Place& place)
+{
+  const auto& [record, field] = place;
+  if (field->row->kind != FieldKind::text && field->row->kind != FieldKind::name) return;
+  if (record->row == &RecordOf(RecordId::sectionHeader)) return;
+  const auto isWritten = [](unsigned char byte) {
+    return AsciiEbcdic::AsciiToEbcdic(AsciiEbcdic::EbcdicToAscii(byte)) == byte;
+  };
+  if (!std::ranges::all_of(field->bytes, isWritten)) {
+    return fail(CheckId::textFields, place, {}, "not a text that kelvra writes");
+  }
+  const auto isOdd = [](char ch) { return ch <= ' ' || ch > '~'; };
+  if (std::ranges::any_of(std::get<std::string>(field->value), isOdd)) {
+    result(CheckId::textFields)
+        .remarks.push_back(fmt::format("{} has odd characters: {}", FieldName(*record->row, *field->row),
+                                       ValueText(*field->row, field->value)));
+  }
 }
 
 void Checker::checkTimes()
 {
-  const auto [record, date] = find(RecordId::vpdHeader, "ruDate");
-  const auto [same, time] = find(RecordId::vpdHeader, "ruTime");
-  if (date == nullptr || time == nullptr) return;
+  const Place date = find(RecordId::vpdHeader, "ruDate");
+  const Place time = find(RecordId::vpdHeader, "ruTime");
+  if (date.field == nullptr || time.field == nullptr) return;
+  if (!DaySeconds(date.field->bytes)) fail(CheckId::dateTime, date, {}, "which is no date");
+  if (!TimeSeconds(time.field->bytes)) fail(CheckId::dateTime, time, {}, "which is no time");
   const auto moment = BuildMomentOf(image.file);
   if (!moment) {
-    failures(CheckId::dateTime)
-        .push_back({record->row, date->row, date->offset, date->value, {}, "the date or the time is none"});
+    result(CheckId::buildTime).made = false;
     return;
   }
   const std::int64_t offset = moment->local - moment->stamp;
   if (std::abs(offset) > longestOffset) {
-    failures(CheckId::buildTime)
-        .push_back({record->row,
-                    date->row,
-                    date->offset,
-                    TimeText(moment->local),
-                    {},
-                    "the stamp is " + TimeText(moment->stamp) + " UTC"});
+    fail(CheckId::buildTime, find(RecordId::fileHeader, "timeDate"), {},
+         fmt::format("which is {} UTC, {} before the local time {}", TimeText(moment->stamp), OffsetText(offset),
+                     TimeText(moment->local)));
   } else {
-    remark(CheckId::buildTime, "local time is UTC" + OffsetText(offset));
-  }
-}
-
-void Checker::checkCode(const Record& record, const Field& field)
-{
-  if (field.row->kind != FieldKind::code || field.row->name == std::string_view("ruTypeOption")) return;
-  const bool isNone =
-      field.row->name == std::string_view("ruDestination") && field.value == FieldValue(std::uint64_t{0});
-  if (isNone || !Names(*field.row, field.value).empty()) return;
-  failures(CheckId::codes).push_back({record.row, field.row, field.offset, field.value, {}, "no value has this code"});
-}
-
-// A text is what the encoder makes of any characters, so that only bytes that it never makes are faults.
-void Checker::checkText(const Record& record, const Field& field)
-{
-  if (field.row->kind != FieldKind::text && field.row->kind != FieldKind::name) return;
-  if (record.row == &RecordOf(RecordId::sectionHeader)) return;
-  const auto isWritten = [](unsigned char byte) {
-    return AsciiEbcdic::AsciiToEbcdic(AsciiEbcdic::EbcdicToAscii(byte)) == byte;
-  };
-  if (!std::ranges::all_of(field.bytes, isWritten)) {
-    failures(CheckId::textFields)
-        .push_back({record.row, field.row, field.offset, field.value, {}, "not a text that kelvra writes"});
-    return;
-  }
-  const std::string& text = std::get<std::string>(field.value);
-  if (text.find("\\x") != std::string::npos || text.find(' ') != std::string::npos) {
-    remark(CheckId::textFields, fmt::format("{} has odd characters: \"{}\"", FieldName(*record.row, *field.row), text));
+    result(CheckId::buildTime).details.push_back("local time is UTC" + OffsetText(offset));
   }
 }
 
 void Checker::checkRelations()
 {
-  const auto [vpd, present] = find(RecordId::vpdHeader, "flags1.loadIdPresent");
-  if (present != nullptr) {
-    const bool hasLoadId = number(RecordId::vpdHeader, "ruLoadId") != 0;
-    if (present->value != FieldValue(hasLoadId)) {
-      failures(CheckId::flags).push_back({vpd->row, present->row, present->offset, present->value, hasLoadId, {}});
-    }
-  }
-  const auto [ssd, destination] = find(RecordId::ssdHeader, "ruDestination");
-  if (destination != nullptr && number(RecordId::ssdHeader, "linkLoaderBypass") == 1 &&
-      destination->value != FieldValue(std::uint64_t{0})) {
-    failures(CheckId::flags)
-        .push_back({ssd->row, destination->row, destination->offset, destination->value, std::uint64_t{0},
-                    "a unit that bypasses the link/loader has no destination"});
+  const Place present = find(RecordId::vpdHeader, "flags1.loadIdPresent");
+  const FieldValue hasLoadId = number(RecordId::vpdHeader, "ruLoadId") != 0;
+  if (present.field != nullptr && present.field->value != hasLoadId) fail(CheckId::flags, present, hasLoadId);
+
+  const Place destination = find(RecordId::ssdHeader, "ruDestination");
+  const FieldValue none = std::uint64_t{0};
+  const bool isBypassed = number(RecordId::ssdHeader, "linkLoaderBypass") == 1;
+  if (destination.field != nullptr && isBypassed && destination.field->value != none) {
+    fail(CheckId::flags, destination, none, "as the unit bypasses the link/loader");
   }
 }
 
-// The field where the file holds it whole, else nulls.
-std::pair<const Record*, const Field*> Checker::find(RecordId id, const char* name) const
+void Checker::leaveOutWhatIsCut()
 {
-  for (const Record& record : image.records) {
-    if (record.row != &RecordOf(id)) continue;
-    for (const Field& field : record.fields) {
-      if (field.bytes.size() == field.length && std::string_view(field.row->name) == name) return {&record, &field};
-    }
+  for (CheckResult& each : results) {
+    const Record* last = image.find(each.check->last);
+    const bool isHeld = last != nullptr && last->held == last->length;
+    if (each.failures.empty() && !isHeld) each.made = false;
   }
-  return {nullptr, nullptr};
+  for (const CheckId id : {CheckId::payload, CheckId::inputs}) result(id).made = false;
+}
+
+void Checker::fail(CheckId id, const Place& place, const FieldValue& expected, const std::string& reason)
+{
+  result(id).failures.push_back(FieldFailure(*place.record, *place.field, expected, reason));
+}
+
+Place Checker::find(RecordId id, const char* name) const
+{
+  const Field* field = image.find(id, FieldOf(id, name));
+  if (field == nullptr || field->bytes.size() < field->length) return {};
+  return {image.find(id), field};
 }
 
 std::uint64_t Checker::number(RecordId id, const char* name) const
 {
-  const auto [record, field] = find(id, name);
-  return field != nullptr ? Number(field->bytes) : 0;
+  const Place place = find(id, name);
+  return place.field != nullptr ? Number(place.field->bytes) : 0;
 }
 
 }  // namespace
@@ -296,14 +302,22 @@ const CheckRow& CheckOf(CheckId id) { return checkRows[static_cast<std::size_t>(
 
 std::vector<CheckResult> CheckImage(const Image& image) { return Checker(image).run(); }
 
-Failure FieldFailure(const Record& record, const Field& field, ByteView expected)
+Failure FieldFailure(const Record& record, const Field& field, const FieldValue& expected, const std::string& reason)
 {
-  Failure failure = {record.row, field.row, field.offset, field.value, Decode(*field.row, expected), {}};
-  if (failure.found == failure.expected) {
-    failure.found = Hexadecimal(field.bytes);
-    failure.expected = Hexadecimal(expected);
-  }
-  return failure;
+  std::string message = fmt::format("{} at {} is {}", FieldName(*record.row, *field.row), field.offset,
+                                    ValueText(*field.row, field.value));
+  if (!std::holds_alternative<std::monostate>(expected)) message += ", not " + ValueText(*field.row, expected);
+  if (!reason.empty()) message += ", " + reason;
+  return {record.row, field.row, field.offset, field.value, expected, message};
+}
+
+Failure BytesFailure(const Record& record, const Field& field, ByteView expected)
+{
+  const FieldValue right = Decode(*field.row, expected);
+  if (right != field.value) return FieldFailure(record, field, right, {});
+  Field padded = field;
+  padded.value = Hexadecimal(field.bytes);
+  return FieldFailure(record, padded, Hexadecimal(expected), "in bytes");
 }
 
 std::string FieldName(const RecordRow& record, const FieldRow& field)

@@ -10,6 +10,7 @@
 struct CheckRow {
   const char* name;
   const char* summary;
+  RecordId last;  // the last record that the check needs
 };
 
 enum class CheckId {
@@ -42,21 +43,23 @@ struct Failure {
   std::uint64_t offset = 0;  // from the beginning of the file
   FieldValue found;
   FieldValue expected;
-  std::string message;  // mostly none
+  std::string message;  // all of it in words
 };
 
 struct CheckResult {
   const CheckRow* check;
-  bool made = true;
+  bool made = true;  // false without the LID or the sources that it needs, or when the file ends before its fields
   std::vector<Failure> failures;
-  std::vector<std::string> remarks;  // what is no failure
+  std::vector<std::string> remarks;  // what is no failure, but should be known
+  std::vector<std::string> details;  // what may be known
 };
 
-// The checks that need the image alone, each with its result. A field that the file does not hold whole is checked by
-// file-length only.
+// All checks, each with its result; those that need more than the image are not made.
 std::vector<CheckResult> CheckImage(const Image& image);
 
-// The failure of a field in which these bytes were expected; as digits where they only differ in their padding.
-Failure FieldFailure(const Record& record, const Field& field, ByteView expected);
+// The failure of a field that should have this value, or any but the one that it has; the reason may be empty.
+Failure FieldFailure(const Record& record, const Field& field, const FieldValue& expected, const std::string& reason);
+// That of a field in which these bytes were expected; as digits where they only differ in their padding.
+Failure BytesFailure(const Record& record, const Field& field, ByteView expected);
 // "vpdHeader.ruName".
 std::string FieldName(const RecordRow& record, const FieldRow& field);

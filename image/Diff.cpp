@@ -7,19 +7,6 @@
 
 namespace {
 
-const Record* FindRecord(const Image& image, RecordId id)
-{
-  const auto record = std::ranges::find(image.records, &RecordOf(id), &Record::row);
-  return record != image.records.end() ? &*record : nullptr;
-}
-
-const Field* FindField(const Record* record, const FieldRow& row)
-{
-  if (record == nullptr) return nullptr;
-  const auto field = std::ranges::find(record->fields, &row, &Field::row);
-  return field != record->fields.end() ? &*field : nullptr;
-}
-
 void CompareField(const RecordRow& record, const FieldRow& row, const Field* one, const Field* other,
                   std::vector<Difference>& differences)
 {
@@ -43,9 +30,8 @@ void CompareRecords(const Image& one, const Image& other, std::vector<Difference
 {
   for (const RecordRow& row : RecordRows()) {
     const auto id = static_cast<RecordId>(&row - RecordRows().data());
-    const Record* records[] = {FindRecord(one, id), FindRecord(other, id)};
     for (const FieldRow& field : row.fields) {
-      CompareField(row, field, FindField(records[0], field), FindField(records[1], field), differences);
+      CompareField(row, field, one.find(id, field), other.find(id, field), differences);
     }
   }
 }

@@ -1,6 +1,10 @@
 #include "image/Fields.h"
 
+#include <algorithm>
+#include <string_view>
+
 #include "builder/MorvikCreateHeader.h"
+#include "foundation/Assertion.h"
 #include "headers/AuxillaryHdr.h"
 #include "headers/FileHdr.h"
 #include "headers/KespHeader.h"
@@ -147,6 +151,7 @@ constexpr RecordRow recordRows[] = {
     {"lid", 0, {}},
     {"lidHeader", 0, lidHeaderFields},
 };
+static_assert(std::size(recordRows) == static_cast<std::size_t>(RecordId::lidHeader) + 1);
 
 constexpr boolean AppliesTo(const FieldRow& row, NameForm form)
 {
@@ -181,12 +186,21 @@ static_assert(CoverAll());
 const char* FieldKindName(FieldKind kind)
 {
   constexpr const char* names[] = {"number", "stamp", "text", "name", "ascii", "digits", "code", "flag", "reserved"};
+  static_assert(std::size(names) == static_cast<std::size_t>(FieldKind::reserved) + 1);
   return names[static_cast<int>(kind)];
 }
 
 std::span<const RecordRow> RecordRows() { return recordRows; }
 
 const RecordRow& RecordOf(RecordId id) { return recordRows[static_cast<int>(id)]; }
+
+const FieldRow& FieldOf(RecordId id, const char* name)
+{
+  const auto fields = RecordOf(id).fields;
+  const auto row = std::ranges::find(fields, std::string_view(name), &FieldRow::name);
+  Assert(row != fields.end(), "row != fields.end()", "Fields", "const FieldRow &FieldOf (RecordId, const char *)");
+  return *row;
+}
 
 boolean Applies(const FieldRow& row, boolean longName)
 {

@@ -21,6 +21,9 @@ enum class FieldKind {
 // "number", "stamp" and so on.
 const char* FieldKindName(FieldKind kind);
 
+// The section header's name, ".text" in EBCDIC and zeros, as a big-endian number.
+inline constexpr std::uint64_t sectionNameNumber = 0x4BA385A7A3000000;
+
 // The two forms of the SSD header: with the base name in it, or with the place where a longer one stands.
 enum class NameForm { any, inHeader, afterFill };
 
@@ -56,6 +59,8 @@ enum class RecordId {
 // In file order, as RecordId counts them.
 std::span<const RecordRow> RecordRows();
 const RecordRow& RecordOf(RecordId id);
+// The record's field of this name, which it must have.
+const FieldRow& FieldOf(RecordId id, const char* name);
 
 // Whether the row belongs to an image whose base name stands after the fill, or to one whose name does not.
 boolean Applies(const FieldRow& row, boolean longName);

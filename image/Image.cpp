@@ -7,28 +7,22 @@
 #include "headers/AsciiEbcdic.h"
 #include "headers/KespHeader.h"
 #include "image/BuildMoment.h"
+#include "image/Utf8.h"
 
 namespace {
 
-constexpr unsigned char asciiBackslash = '\\';
+constexpr unsigned char noCharacter = 0xFF;
 
-void AppendEscaped(std::string& text, unsigned char ascii, unsigned char byte)
+ByteView WithoutPadding(ByteView bytes, unsigned char padding)
 {
-  if (ascii == asciiBackslash) {
-    text += "\\\\";
-  } else if (ascii >= 0x20 && ascii < 0x7F) {
-    text += static_cast<char>(ascii);
-  } else {
-    text += fmt::format("\\x{:02x}", byte);
-  }
+  while (!bytes.empty() && bytes.back() == padding) bytes = bytes.first(bytes.size() - 1);
+  return bytes;
 }
 
 std::string FromAscii(ByteView bytes)
 {
-  while (!bytes.empty() && bytes.back() == 0) bytes = bytes.first(bytes.size() - 1);
-  std::string text;
-  for (const unsigned char byte : bytes) AppendEscaped(text, byte, byte);
-  return text;
+  bytes = WithoutPadding(bytes, 0);
+  return std::string(bytes.begin(), bytes.end());
 }
 
 std::string Join(const std::vector<std::string>& names)
@@ -97,23 +91,19 @@ void AddRecord(Image& image, RecordId id, std::uint64_t length)
   image.records.push_back(std::move(record));
 }
 
-Field* FindField(Image& image, RecordId record, const char* name)
+void Remark(Image& image, RecordId id, const char* name, std::string text)
 {
-  for (Record& each : image.records) {
-    if (each.row != &RecordOf(record)) continue;
-    for (Field& field : each.fields) {
-      if (std::string_view(field.row->name) == name) return &field;
-    }
-  }
-  return nullptr;
+  // The image is ours to change.
+  auto* field = const_cast<Field*>(image.find(id, FieldOf(id, name)));
+  if (field != nullptr) field->remark = std::move(text);
 }
 
 void AddTimeRemarks(Image& image)
 {
   const auto moment = BuildMomentOf(image.file);
   if (!moment) return;
-  FindField(image, RecordId::fileHeader, "timeDate")->remark = TimeText(moment->stamp) + " UTC";
-  FindField(image, RecordId::vpdHeader, "ruTime")->remark = "UTC" + OffsetText(moment->local - moment->stamp);
+  Remark(image, RecordId::fileHeader, "timeDate", TimeText(moment->stamp) + " UTC");
+  Remark(image, RecordId::vpdHeader, "ruTime", "UTC" + OffsetText(moment->local - moment->stamp));
 }
 
 }  // namespace
@@ -132,6 +122,20 @@ Image::Image(const std::string& name) : file(name)
   AddRecord(*this, RecordId::lid, layout.lidLength);
   AddRecord(*this, RecordId::lidHeader, layout.lidHeaderLength);
   AddTimeRemarks(*this);
+}
+
+const Record* Image::find(RecordId id) const
+{
+  const auto record = std::ranges::find(records, &RecordOf(id), &Record::row);
+  return record != records.end() ? &*record : nullptr;
+}
+
+const Field* Image::find(RecordId id, const FieldRow& row) const
+{
+  const Record* record = find(id);
+  if (record == nullptr) return nullptr;
+  const auto field = std::ranges::find(record->fields, &row, &Field::row);
+  return field != record->fields.end() ? &*field : nullptr;
 }
 
 ExitStatus Image::status() const
@@ -153,8 +157,9 @@ FieldValue Decode(const FieldRow& row, ByteView bytes)
       return bits;
     }
     case FieldKind::text:
+      return FromEbcdic(bytes, ebcdicBlankChar);
     case FieldKind::name:
-      return FromEbcdic(bytes);
+      return FromEbcdic(bytes, 0);
     case FieldKind::ascii:
       return FromAscii(bytes);
     case FieldKind::digits:
@@ -174,6 +179,7 @@ bool Differ(const FieldRow& row, ByteView one, ByteView other)
 
 std::vector<std::string> Names(const FieldRow& row, const FieldValue& value)
 {
+  if (std::holds_alternative<std::monostate>(value)) return {};
   std::uint64_t code = 0;
   if (const auto* number = std::get_if<std::uint64_t>(&value)) {
     code = *number;
@@ -196,10 +202,11 @@ std::string ValueText(const FieldRow& row, const FieldValue& value)
   if (const auto* flag = std::get_if<bool>(&value)) return *flag ? "true" : "false";
   if (const auto* number = std::get_if<std::uint64_t>(&value)) {
     if (row.kind == FieldKind::reserved && *number == 0) return "zeros";
-    return std::to_string(*number) + (row.values.empty() ? "" : " (no name)");
+    if (row.values.empty()) return std::to_string(*number);
+    return std::to_string(*number) + (*number == 0 ? " (none)" : " (no name)");
   }
   const std::string& text = std::get<std::string>(value);
-  return row.kind == FieldKind::digits || row.kind == FieldKind::reserved ? text : '"' + text + '"';
+  return row.kind == FieldKind::digits || row.kind == FieldKind::reserved ? text : '"' + Escaped(text) + '"';
 }
 
 std::string Hexadecimal(ByteView bytes)
@@ -219,12 +226,13 @@ bool IsZero(ByteView bytes)
   return std::ranges::all_of(bytes, [](unsigned char byte) { return byte == 0; });
 }
 
-std::string FromEbcdic(ByteView bytes)
+std::string FromEbcdic(ByteView bytes, unsigned char padding)
 {
   if (IsZero(bytes)) return {};
-  const unsigned char padding = bytes.back() == 0 ? 0 : ebcdicBlankChar;
-  while (!bytes.empty() && bytes.back() == padding) bytes = bytes.first(bytes.size() - 1);
   std::string text;
-  for (const unsigned char byte : bytes) AppendEscaped(text, AsciiEbcdic::EbcdicToAscii(byte), byte);
+  for (const unsigned char byte : WithoutPadding(bytes, padding)) {
+    const unsigned char ascii = AsciiEbcdic::EbcdicToAscii(byte);
+    text += static_cast<char>(AsciiEbcdic::AsciiToEbcdic(ascii) == byte ? ascii : noCharacter);
+  }
   return text;
 }

@@ -31,6 +31,9 @@ struct Image {
   // Opens the file and takes it apart. The LID is not read, but for its header.
   explicit Image(const std::string& name);
 
+  // Null when the file holds nothing of it.
+  const Record* find(RecordId id) const;
+  const Field* find(RecordId id, const FieldRow& row) const;
   // couldNot when the file is no image, foundSomething when it is cut or longer than it should be.
   ExitStatus status() const;
 
@@ -46,10 +49,10 @@ FieldValue Decode(const FieldRow& row, ByteView bytes);
 bool Differ(const FieldRow& row, ByteView one, ByteView other);
 // The names that stand for the field's value, none when it has none.
 std::vector<std::string> Names(const FieldRow& row, const FieldValue& value);
-// The value as people read it: by its names where it has some, texts in quotes, "(cut)" for none.
+// The value as people read it, whatever it holds: by its names where it has some, texts in quotes, "(cut)" for none.
 std::string ValueText(const FieldRow& row, const FieldValue& value);
 // The bytes' digits, two each.
 std::string Hexadecimal(ByteView bytes);
 bool IsZero(ByteView bytes);
-// EBCDIC as ASCII without the padding. A byte that has no printable form becomes \xNN, a backslash becomes two.
-std::string FromEbcdic(ByteView bytes);
+// EBCDIC as ASCII, without the bytes of the padding at its end. A byte that stands for no character becomes 0xFF.
+std::string FromEbcdic(ByteView bytes, unsigned char padding);

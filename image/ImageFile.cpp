@@ -1,7 +1,6 @@
 #include "image/ImageFile.h"
 
 #include <algorithm>
-#include <array>
 
 #include "builder/MorvikCreateHeader.h"
 #include "headers/AuxillaryHdr.h"
@@ -18,8 +17,6 @@ constexpr std::uint64_t blockOffset = sizeof(FILEHDR) + sizeof(AUXILLARYHDR);
 constexpr std::uint64_t usualFront = 2048;
 // No command line can give a longer base name. An image that claims one is read as if it had none.
 constexpr std::uint64_t longestName = std::uint64_t{1} << 20;
-
-constexpr std::array<unsigned char, sizeof(SCNHDR::name)> sectionName = {0x4B, 0xA3, 0x85, 0xA7, 0xA3};
 
 }  // namespace
 
@@ -40,6 +37,7 @@ ImageFile::ImageFile(const std::string& name) : InputFile(name)
     refuse("not an image: another magic number");
   } else {
     records.blockLength = findBlockLength();
+    readFront(records.lidOffset());
     records.lidLength = findLidLength();
     records.lidHeaderLength = findLidHeaderLength();
   }
@@ -99,11 +97,11 @@ std::uint64_t ImageFile::number(std::uint64_t offset, std::uint64_t length) cons
 boolean ImageFile::sectionFollows(std::uint64_t blockLength)
 {
   readFront(blockOffset + blockLength + sizeof(SCNHDR));
-  return std::ranges::equal(bytes(blockOffset + blockLength, sectionName.size()), sectionName);
+  return number(blockOffset + blockLength, sizeof(SCNHDR::name)) == sectionNameNumber;
 }
 
-// The count of optional-header bytes has it modulo 65536; the symbol pointer less the LID's length, in full. One of
-// them is enough when the section header's name stands where it says, else they must agree.
+// The count of optional-header bytes tells it modulo 65536, the symbol pointer less the LID's length in full. When they
+// do not agree, the right one is the one under which a section header stands in its place.
 std::uint64_t ImageFile::findBlockLength()
 {
   const std::uint64_t count = number(offsetof(FILEHDR, numberOfOptionalHeaderBytes), 2);
@@ -114,11 +112,11 @@ std::uint64_t ImageFile::findBlockLength()
   const auto isPossible = [](std::uint64_t length) {
     return length >= headerBodyOffset && length <= headerBodyOffset + longestName;
   };
+  if ((byEnd - byCount) % 65536 == 0 && isPossible(byEnd)) return byEnd;
   for (const std::uint64_t length : {std::uint64_t{headerBodyOffset}, byEnd, byCount}) {
     if (isPossible(length) && sectionFollows(length)) return length;
   }
-  const boolean agree = (byEnd - byCount) % 65536 == 0;
-  return agree && isPossible(byEnd) ? byEnd : headerBodyOffset;
+  return headerBodyOffset;
 }
 
 // Three fields tell it; the one that stands alone is wrong.

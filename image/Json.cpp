@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
 
 #include "image/Tables.h"
@@ -80,7 +81,9 @@ void AddChecks(Object& checks, const CheckResult& result)
   }
   if (!result.failures.empty()) return;
   Object check = {{"check", result.check->name}, {"ok", true}};
-  if (!result.remarks.empty()) check["remarks"] = result.remarks;
+  std::vector<std::string> remarks = result.remarks;
+  remarks.insert(remarks.end(), result.details.begin(), result.details.end());
+  if (!remarks.empty()) check["remarks"] = remarks;
   checks.push_back(std::move(check));
 }
 
@@ -194,14 +197,12 @@ std::string Json(const VerifyResult& verified, const Image& image)
     object["checks"] = Object::array();
     object["notChecked"] = Object::array();
     for (const CheckResult& result : verified.checks) {
-      if (result.made) {
-        AddChecks(object["checks"], result);
-      } else {
-        object["notChecked"].push_back(result.check->name);
-      }
+      if (result.made) AddChecks(object["checks"], result);
+      if (!result.made) object["notChecked"].push_back(result.check->name);
     }
   }
-  object["status"] = statusNames[verified.status];
+  const bool isWhole = std::ranges::all_of(verified.checks, [](const CheckResult& c) { return c.failures.empty(); });
+  if (!image.file.reason()) object["status"] = statusNames[isWhole ? allWell : foundSomething];
   if (!verified.reasons.empty()) object["reason"] = ReasonText(verified.reasons.front());
   return DumpImage(object);
 }

@@ -1,5 +1,6 @@
 #include "image/List.h"
 
+#include "headers/AsciiEbcdic.h"
 #include "headers/VPDHdrX.h"
 #include "image/BuildMoment.h"
 
@@ -10,8 +11,8 @@ ListRow List(const Image& image)
   const ByteView loadId = bytes(offsetof(VPDHDR, ruLoadId), sizeof(VPDHDR::ruLoadId));
   ListRow row;
   if (!IsZero(loadId)) row.loadId = Hexadecimal(loadId);
-  row.name = FromEbcdic(bytes(offsetof(VPDHDR, ruName), sizeof(VPDHDR::ruName)));
-  row.versionLevel = FromEbcdic(bytes(offsetof(VPDHDR, versionLevel), sizeof(VPDHDR::versionLevel)));
+  row.name = FromEbcdic(bytes(offsetof(VPDHDR, ruName), sizeof(VPDHDR::ruName)), ebcdicBlankChar);
+  row.versionLevel = FromEbcdic(bytes(offsetof(VPDHDR, versionLevel), sizeof(VPDHDR::versionLevel)), ebcdicBlankChar);
   if (const auto moment = BuildMomentOf(image.file)) row.built = TimeText(moment->local);
   row.lidSize = image.file.layout().lidLength;
   return row;

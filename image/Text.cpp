@@ -58,26 +58,6 @@ void AppendRecord(std::string& text, const Record& record)
   for (const Field& field : record.fields) AppendField(text, field);
 }
 
-void AppendFailure(std::string& text, const CheckRow& check, const std::string& file, const Failure& failure)
-{
-  text += fmt::format("{}: {}:", file, check.name);
-  if (failure.field != nullptr) {
-    text += fmt::format(" {} at {} is {}", FieldName(*failure.record, *failure.field), failure.offset,
-                        ValueText(*failure.field, failure.found));
-    if (!std::holds_alternative<std::monostate>(failure.expected)) {
-      text += fmt::format(", not {}", ValueText(*failure.field, failure.expected));
-    }
-    if (!failure.message.empty()) text += ',';
-  }
-  if (!failure.message.empty()) text += ' ' + Escaped(failure.message);
-  const auto* found = std::get_if<std::uint64_t>(&failure.found);
-  const auto* expected = std::get_if<std::uint64_t>(&failure.expected);
-  if (failure.field == nullptr && found != nullptr && expected != nullptr) {
-    text += fmt::format(": {} bytes, not {}", *found, *expected);
-  }
-  text += '\n';
-}
-
 std::string ValueText(const Difference& difference, int side)
 {
   return difference.offsets[side] ? ValueText(*difference.field, difference.values[side]) : "(none)";
@@ -122,20 +102,20 @@ std::string Text(const ListRow& row, const Image& image)
 
 std::string Text(const VerifyResult& verified, const std::string& name, bool all)
 {
-  const std::string file = Escaped(name);
   std::string text;
+  const auto say = [&](const CheckResult& result, const std::string& what) {
+    text += fmt::format("{}: {}: {}\n", Escaped(name), result.check->name, Escaped(what));
+  };
   std::vector<const char*> unchecked;
   for (const CheckResult& result : verified.checks) {
+    for (const Failure& failure : result.failures) say(result, failure.message);
     if (!result.made) unchecked.push_back(result.check->name);
-    for (const Failure& failure : result.failures) AppendFailure(text, *result.check, file, failure);
-    if (all && result.made && result.failures.empty()) text += fmt::format("{}: {}: ok\n", file, result.check->name);
-    for (const std::string& remark : result.remarks) {
-      if (all || result.check == &CheckOf(CheckId::textFields) || result.check == &CheckOf(CheckId::inputs)) {
-        text += fmt::format("{}: {}: {}\n", file, result.check->name, remark);
-      }
-    }
+    if (all && result.made && result.failures.empty()) say(result, "ok");
+    for (const std::string& remark : result.remarks) say(result, remark);
+    if (!all) continue;
+    for (const std::string& detail : result.details) say(result, detail);
   }
-  if (!unchecked.empty()) text += fmt::format("{}: not checked: {}\n", file, fmt::join(unchecked, ", "));
+  if (!unchecked.empty()) text += fmt::format("{}: not checked: {}\n", Escaped(name), fmt::join(unchecked, ", "));
   return text;
 }
 
@@ -164,14 +144,20 @@ std::string FieldsText()
     for (const FieldRow& field : record.fields) {
       text += fmt::format("field {}.{} {} {} {}", record.name, field.name, FirstByte(field), ByteCount(field),
                           FieldKindName(field.kind));
+      if (field.bits.width != 0) text += fmt::format(" bit {} width {}", field.bits.first % 8, field.bits.width);
+      if (field.form != NameForm::any) text += field.form == NameForm::afterFill ? " long-name" : " short-name";
       if (field.keyword != nullptr) text += fmt::format(" {}", field.keyword);
       AppendValues(text, field.values);
       text += '\n';
     }
   }
   for (const KeywordRow& keyword : KeywordRows()) {
-    text += fmt::format("keyword {} {}: {}\n", keyword.keyword, MayStandInVpdinfo(keyword) ? "either" : "main",
-                        keyword.effect);
+    text += fmt::format("keyword {} {}", keyword.keyword, MayStandInVpdinfo(keyword) ? "either" : "main");
+    if (keyword.width != 0) text += fmt::format(" width {}", keyword.width);
+    if (keyword.refusal != success) text += fmt::format(" code {}", static_cast<int>(keyword.refusal));
+    if (keyword.whenNotGiven != nullptr) text += fmt::format(" default {}", keyword.whenNotGiven);
+    AppendValues(text, keyword.values);
+    text += fmt::format(": {}\n", keyword.effect);
   }
   for (const CheckRow& check : CheckRows()) text += fmt::format("check {}: {}\n", check.name, check.summary);
   for (const LintRule& rule : LintRules()) {

@@ -16,22 +16,28 @@
 
 namespace {
 
-CheckResult CheckPayload(Image& image, InputFile& lid)
+FieldValue ByteAt(InputFile& file, std::uint64_t offset)
 {
-  CheckResult result = {&CheckOf(CheckId::payload), true, {}, {}};
+  unsigned char byte = 0;
+  if (file.read(offset, {&byte, 1}) != 1) return {};
+  return Hexadecimal({&byte, 1});
+}
+
+void CheckPayload(Image& image, InputFile& lid, CheckResult& result)
+{
+  result.made = true;
   const Payload inImage = {image.file, image.file.layout().lidOffset()};
   const Payload inLid = {lid, 0};
-  const auto difference = FirstDifference(inImage, inLid);
-  if (!difference) return result;
+  const auto first = FirstDifference(inImage, inLid);
+  if (!first) return;
   Failure failure;
   failure.record = &RecordOf(RecordId::lid);
-  failure.offset = inImage.offset + *difference;
-  failure.found = inImage.length();
-  failure.expected = inLid.length();
-  failure.message = fmt::format("the LID of {} bytes and the image's of {} differ from byte {} on", inLid.length(),
-                                inImage.length(), *difference);
+  failure.offset = inImage.offset + *first;
+  failure.found = ByteAt(image.file, failure.offset);
+  failure.expected = ByteAt(lid, *first);
+  failure.message = fmt::format("the image's LID of {} bytes and the LID of {} bytes differ from byte {} on",
+                                inImage.length(), inLid.length(), *first);
   result.failures.push_back(std::move(failure));
-  return result;
 }
 
 // What building the headers anew came to.
@@ -81,62 +87,77 @@ MadeFront MakeFront(const Image& image, InputFile& lid, Kelvra& run)
   return made;
 }
 
-// The fields of the image whose bytes are not those of the made front, where the records of both lie at other places
-// when their names have other lengths.
+// The fields of the image whose bytes are not those of the made front. Where the base names have other lengths, the
+// records after the fill lie at other places, and the fields of the name's form are left out.
 void CompareFields(const Image& image, const MadeFront& made, CheckResult& result)
 {
   const std::uint64_t madeLength = made.front.bytes.length();
-  const std::uint64_t inImage = image.file.layout().lidOffset();
+  const std::uint64_t lidOffset = image.file.layout().lidOffset();
   for (const Record& record : image.records) {
-    if (record.offset >= inImage) continue;
+    const bool isName = record.row == &RecordOf(RecordId::longName);
+    if (record.offset >= lidOffset || (isName && madeLength != lidOffset)) continue;
     const bool moves = record.row == &RecordOf(RecordId::sectionHeader);
-    const std::uint64_t shift = moves ? madeLength - inImage : 0;
+    const std::uint64_t shift = moves ? madeLength - lidOffset : 0;
     for (const Field& field : record.fields) {
-      const std::uint64_t begin = field.offset + shift;
-      if (begin + field.length > madeLength || field.bytes.size() < field.length) continue;
-      const ByteView expected = made.bytes().subspan(begin, field.length);
-      if (Differ(*field.row, field.bytes, expected)) result.failures.push_back(FieldFailure(record, field, expected));
+      if (field.bytes.size() < field.length || (field.row->form != NameForm::any && madeLength != lidOffset)) continue;
+      const ByteView expected = made.bytes().subspan(field.offset + shift, field.length);
+      if (Differ(*field.row, field.bytes, expected)) result.failures.push_back(BytesFailure(record, field, expected));
     }
   }
 }
 
-CheckResult CheckInputs(const Image& image, const MadeFront& made)
+// The image's own time stands for the LID's, so that a wrong stamp shows in the local time only.
+void RemarkOnTime(CheckResult& result)
 {
-  CheckResult result = {&CheckOf(CheckId::inputs), true, {}, {}};
-  if (made.tookImageTime)
-    result.remarks.emplace_back("the LID has no header and no time was given: the image's is taken");
+  result.remarks.emplace_back("the LID has no header and no time was given: the image's stamp is taken");
+  const auto isLocal = [](const Failure& failure) {
+    return failure.field == &FieldOf(RecordId::vpdHeader, "ruDate") ||
+           failure.field == &FieldOf(RecordId::vpdHeader, "ruTime");
+  };
+  if (std::ranges::any_of(result.failures, isLocal)) {
+    result.remarks.emplace_back("the stamp or the time zone is another one");
+  }
+}
+
+void CheckInputs(const Image& image, const MadeFront& made, CheckResult& result)
+{
+  result.made = true;
+  if (made.code != success) {
+    Failure failure;
+    failure.message = fmt::format("kelvra refuses them with code {}: {}", made.code, fmt::join(made.lines, " "));
+    result.failures.push_back(std::move(failure));
+    return;
+  }
   const std::uint64_t length = made.front.bytes.length();
-  const ByteView there = image.file.bytes(0, std::max(length, image.file.layout().lidOffset()));
-  if (std::ranges::equal(there, made.bytes())) return result;
-  CompareFields(image, made, result);
-  if (length != image.file.layout().lidOffset()) {
-    result.failures.push_back({&RecordOf(RecordId::lid), nullptr, length, image.file.layout().lidOffset(), length,
-                               "the headers have another length: the base name is another"});
+  const std::uint64_t lidOffset = image.file.layout().lidOffset();
+  const ByteView there = image.file.bytes(0, std::max(length, lidOffset));
+  if (!std::ranges::equal(there, made.bytes())) {
+    CompareFields(image, made, result);
+    if (length != lidOffset) {
+      result.failures.push_back(
+          {&RecordOf(RecordId::lid), nullptr, lidOffset, lidOffset, length,
+           fmt::format("the LID begins at {}, not {}: the base name has another length", lidOffset, length)});
+    }
+    if (result.failures.empty()) {
+      const auto at = std::ranges::mismatch(there, made.bytes()).in1 - there.begin();
+      result.failures.push_back({nullptr, nullptr, static_cast<std::uint64_t>(at), {}, {}, "the headers end early"});
+    }
   }
-  if (result.failures.empty()) {
-    const auto at = std::ranges::mismatch(there, made.bytes()).in1 - there.begin();
-    result.failures.push_back({nullptr, nullptr, static_cast<std::uint64_t>(at), {}, {}, "the headers differ"});
-  }
-  return result;
+  if (made.tookImageTime) RemarkOnTime(result);
 }
 
 void CheckWithInputs(Image& image, const Inputs& inputs, VerifyResult& verified)
 {
+  const auto result = [&](CheckId id) -> CheckResult& { return verified.checks[static_cast<std::size_t>(id)]; };
   Kelvra run = MakeRun(inputs);
   InputFile lid(ToText(run.lidFile.getSource()));
-  if (!lid.reason()) verified.checks[static_cast<std::size_t>(CheckId::payload)] = CheckPayload(image, lid);
+  if (!lid.reason()) CheckPayload(image, lid, result(CheckId::payload));
   if (!lid.reason() && !inputs.source.empty()) {
     const MadeFront made = MakeFront(image, lid, run);
     if (const auto unopened = FindUnopened(made.front.sources)) {
       verified.reasons.push_back(*unopened);
-    } else if (made.code != success) {
-      CheckResult refused = {&CheckOf(CheckId::inputs), true, {}, {}};
-      Failure failure;
-      failure.message = fmt::format("kelvra refuses them with code {}: {}", made.code, fmt::join(made.lines, " "));
-      refused.failures.push_back(std::move(failure));
-      verified.checks[static_cast<std::size_t>(CheckId::inputs)] = std::move(refused);
     } else {
-      verified.checks[static_cast<std::size_t>(CheckId::inputs)] = CheckInputs(image, made);
+      CheckInputs(image, made, result(CheckId::inputs));
     }
   }
   if (lid.reason()) verified.reasons.push_back(*lid.reason());
@@ -149,8 +170,6 @@ VerifyResult Verify(Image& image, const Inputs& inputs)
   VerifyResult verified;
   if (!image.file.reason()) {
     verified.checks = CheckImage(image);
-    verified.checks[static_cast<std::size_t>(CheckId::payload)].made = false;
-    verified.checks[static_cast<std::size_t>(CheckId::inputs)].made = false;
     if (!inputs.lid.empty()) CheckWithInputs(image, inputs, verified);
   }
   if (image.file.reason()) verified.reasons.push_back(*image.file.reason());
