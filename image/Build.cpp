@@ -165,7 +165,9 @@ std::optional<Reason> Making::placeBoth()
   std::optional<Reason> reason;
   const std::string text = depfile ? Depfile(deps) : std::string();
   if (depfile) reason = depfile->write({reinterpret_cast<const unsigned char*>(text.data()), text.size()});
+  if (!reason && depfile) reason = depfile->complete();
   if (!reason) reason = image->write(assembly.output->bytes());
+  if (!reason) reason = image->complete();
   if (!reason && depfile) reason = depfile->place();
   if (!reason) reason = image->place();
   return reason;

@@ -41,6 +41,7 @@ ExtractResult Extract(const std::string& imageName, const std::string& lid)
   }
   auto reason = file.open();
   if (!reason) reason = Copy(image.file, file);
+  if (!reason) reason = file.complete();
   if (!reason) reason = file.place();
   if (reason) return {couldNot, {*reason}};
   return {};
