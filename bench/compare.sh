@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Compares a run of the release tool with tools that copy or wrap the same bytes, on files in memory, and prints a
 # Markdown table: medians, and kelvra's time divided by each of the others' ("-": refused the size, or over 20 s).
+# Then the companion: build beside kelvra, verify beside cmp, and show.
 # "floor" is a static program that makes the system calls of a run and does nothing else. --large adds a load module of
 # 1 GiB.
 set -euo pipefail
@@ -18,7 +19,7 @@ esac
 scripts/setup.sh --check compare.sh g++=g++ cc=gcc cmake=cmake ninja=ninja-build hyperfine=hyperfine jq=jq \
   objcopy=binutils mkimage=u-boot-tools srec_cat=srecord /usr/bin/time=time
 cmake --preset release >/dev/null
-built=$(cmake --build --preset release --target kelvra) || { echo "$built" >&2 && exit 1; }
+built=$(cmake --build --preset release --target kelvra kelvra-image) || { echo "$built" >&2 && exit 1; }
 cc -O2 -static -o build/release/floor bench/floor.c
 
 has_room() { [ -d "$1" ] && [ -w "$1" ] && [ "$(df -BM --output=avail "$1" | tr -dc '[:digit:]')" -ge "$needed" ]; }
@@ -34,7 +35,7 @@ trap 'exit 129' HUP
 trap 'exit 130' INT
 trap 'exit 143' TERM
 folder=$(mktemp -d "$base/kelvra-compare.XXXXXX")
-ln -s "$PWD/build/release/kelvra" "$PWD/build/release/floor" "$folder"
+ln -s "$PWD"/build/release/{kelvra,kelvra-image,floor} "$folder"
 cp examples/part.lidhdr "$folder/lid.lidhdr"
 cp examples/controller.vpdinfo "$folder"
 cd "$folder"
@@ -51,6 +52,9 @@ declare -A commands=(
   [objcopy]="$(type -P objcopy) -I binary -O elf64-x86-64 lid.kesp out/lid.ruhx"
   [mkimage]="$(type -P mkimage) -A ppc -O linux -T firmware -C none -n x -d lid.kesp out/lid.ruhx"
   [srec_cat]="$(type -P srec_cat) lid.kesp -binary -o out/lid.ruhx -binary"
+  [build]="./kelvra-image build -l lid.kesp -o out/lid.ruhx"
+  [cmp]="$(type -P cmp) lid.kesp same.kesp"
+  [verify]="./kelvra-image verify lid.ruhx -l lid.kesp"
   [1000 kelvra]="$(type -P xargs) -a names -P2 -I{} ./kelvra -l modules/{}.kesp -o out/{}.ruhx"
   [1000 cp]="$(type -P xargs) -a names -P2 -I{} $(type -P cp) modules/{}.kesp out/{}.ruhx"
 )
@@ -118,6 +122,28 @@ for size in "${sizes[@]}"; do
   echo "$row | $(calculate "$(cat kibibytes) / 1024") |"
 done
 
+echo
+bytes 256MiB >lid.kesp
+cp lid.kesp same.kesp
+./kelvra -l lid.kesp 2>log
+try cmp && try verify
+measure cmp verify
+echo "verify -l at 256 MiB: $(calculate "${medians[verify]} * 1000") ms, $(calculate \
+  "${medians[verify]} / ${medians[cmp]}") of cmp"
+rm lid.ruhx same.kesp
+bytes 1KiB >lid.kesp
+try kelvra && try build
+measure kelvra build
+echo "build at 1 KiB: $(calculate "${medians[build]} * 1000") ms, $(calculate \
+  "${medians[build]} / ${medians[kelvra]}") of kelvra"
+./kelvra -l lid.kesp 2>log
+mkdir images
+for number in $(seq -w 0 999); do cp lid.ruhx "images/$number.ruhx"; done
+commands[show]="./kelvra-image show $(echo images/*)"
+try show
+measure show
+echo "show of 1,000 images: $(calculate "${medians[show]} * 1000") us each"
+
 rm lid.kesp
 mkdir modules
 cp controller.vpdinfo modules
@@ -130,6 +156,5 @@ done >names
 runs=(["1000 kelvra"]=2 ["1000 cp"]=2)
 measure "1000 kelvra" "1000 cp"
 kelvra=${medians[1000 kelvra]} cp=${medians[1000 cp]}
-echo
 echo "1,000 load modules of 4 KiB, two at a time (xargs -P2): kelvra $(calculate "$kelvra") s," \
   "cp $(calculate "$cp") s, ratio $(calculate "$kelvra / $cp")"

@@ -233,6 +233,25 @@ class ImageTest(unittest.TestCase):
         result = self.json(1, "diff", "old.ruhx", "longer.ruhx")
         self.assertEqual(result["payload"], {"same": False, "lengths": [287, 288], "first": 100})
 
+    def test_extract_gives_back_the_lid(self):
+        old = self.path / "old.kesp"
+        old.write_bytes(b"old")
+        old.chmod(0o640)
+        run = self.run_image("extract", "part.ruhx", "-o", "old.kesp")
+        self.assertEqual((run.returncode, run.stdout, run.stderr), (0, "", ""))
+        self.assertEqual(old.read_bytes(), (self.path / "part.kesp").read_bytes())
+        self.assertEqual(old.stat().st_mode & 0o777, 0o640)
+        for image, lid, status, reason in (
+                (self.changed(self.bytes[:-1]), "new", 1, "changed.ruhx: not whole, nothing is extracted; verify tells more"),
+                ("part.ruhx", "part.ruhx", 2, "part.ruhx: cannot write: it is the image"),
+                ("part.ruhx", "none/new", 2, "none/new: cannot create: No such file or directory"),
+                ("part.ruhx", "/dev/full", 2, "/dev/full: cannot write: No space left on device")):
+            with self.subTest(lid):
+                run = self.run_image("extract", image, "-o", lid)
+                self.assertEqual((run.returncode, run.stderr), (status, f"kelvra-image: {reason}\n"))
+        self.assertEqual((self.path / "part.ruhx").read_bytes(), self.bytes)
+        self.assertFalse((self.path / "new").exists())
+
     def test_the_page_has_the_tables(self):
         page = (ROOT / "docs/kelvra-image.md").read_text()
         tables = self.json(0, "fields")
