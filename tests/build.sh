@@ -88,6 +88,7 @@ expect 'a success says nothing' '' "$(build -l part.kesp -o x; cat stderr)"
 expect 'a value is told' 1 "$(build -l part.kesp -r told.lidhdr -o x; wc -l <stderr)"
 "$tool" -l part.kesp 2>/dev/null && "$tool" -l big.kesp 2>/dev/null
 cmp <("$image" build -l part.kesp -o /dev/stdout 2>&1 | cat) part.ruhx || fail 'a pipe'
+"$image" extract big.ruhx -o big.out && cmp big.kesp big.out; expect 'the LID back' 0 $?
 build -l big.kesp -o /dev/stdout | true
 expect 'a pipe that nobody reads' 2 "${PIPESTATUS[0]}"
 "$image" build -l part.kesp -o x <&- >&- 2>&-; expect 'closed streams' 0,0 "$?,$(cmp part.ruhx x; echo $?)"
@@ -180,6 +181,8 @@ if strace -o /dev/null true 2>/dev/null; then
   for before in none old; do
     start $before; (slowly -e inject=openat:error=EOPNOTSUPP:when="$nth")
     expect "a temporary name, $before" new "$(left)"
+    start $before; (ulimit -f 100; slowly -e inject=openat:error=EOPNOTSUPP:when="$nth") 2>stderr
+    expect "a temporary name and a limit, $before" $before "$(left)"
   done
   for signal in TERM HUP; do
     start old; chmod 600 ../safe/x
