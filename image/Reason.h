@@ -17,5 +17,5 @@ struct Reason {
   int error = 0;     // an errno value, 0 when the operating system has no part in it
 };
 
-// "FILE: WHAT: the system's words".
+// "FILE: WHAT: the system's words", in one line whatever the file's name holds.
 std::string ReasonText(const Reason& reason);

@@ -69,7 +69,7 @@ void AppendFailure(std::string& text, const CheckRow& check, const std::string& 
     }
     if (!failure.message.empty()) text += ',';
   }
-  if (!failure.message.empty()) text += ' ' + failure.message;
+  if (!failure.message.empty()) text += ' ' + Escaped(failure.message);
   const auto* found = std::get_if<std::uint64_t>(&failure.found);
   const auto* expected = std::get_if<std::uint64_t>(&failure.expected);
   if (failure.field == nullptr && found != nullptr && expected != nullptr) {
@@ -120,8 +120,9 @@ std::string Text(const ListRow& row, const Image& image)
                      row.lidSize, Escaped(image.file.name()));
 }
 
-std::string Text(const VerifyResult& verified, const std::string& file, bool all)
+std::string Text(const VerifyResult& verified, const std::string& name, bool all)
 {
+  const std::string file = Escaped(name);
   std::string text;
   std::vector<const char*> unchecked;
   for (const CheckResult& result : verified.checks) {

@@ -4,6 +4,7 @@ import collections
 import json
 import os
 import pathlib
+import re
 import shutil
 import subprocess
 import sys
@@ -258,6 +259,15 @@ class ImageTest(unittest.TestCase):
         checks = [f"| `{row['check']}` | {row['summary']} |" for row in tables["checks"]]
         rules = [f"| `{row['rule']}` | {row['severity']} | {row['summary']} |" for row in tables["rules"]]
         self.assertEqual([line for line in page.splitlines() if line in set(checks + rules)], checks + rules)
+        readme = (ROOT / "README.md").read_text()
+        for row in tables["keywords"]:
+            with self.subTest(row["keyword"]):
+                (line,) = re.findall(rf"^\| (?:INSTRSET \(V\), )?{row['keyword']}\b.*$", readme, re.M)
+                self.assertEqual(row["vpdinfo"], f"{row['keyword']} (V)" in line)
+                for value in row.get("values", []):
+                    self.assertIn(f"`{value['name']}`", line)
+                self.assertEqual(re.findall(r"\(else (\d+)\)", line), [str(row["code"])] if "code" in row else [])
+                self.assertEqual(re.findall(r"cut to (\d+)", line), [str(row["width"])] if "width" in row else [])
         keywords = {row["keyword"] for row in tables["keywords"]}
         fields = {f["keyword"] for r in tables["records"] for f in r["fields"] if "keyword" in f}
         self.assertEqual(keywords - fields, {"VPDINFONM", "INSTRSET", "NUCSEQCTL"})
