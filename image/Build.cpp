@@ -163,11 +163,13 @@ std::optional<Reason> Making::openDepfile()
 std::optional<Reason> Making::placeBoth()
 {
   std::optional<Reason> reason;
-  const std::string text = depfile ? Depfile(deps) : std::string();
-  if (depfile) reason = depfile->write({reinterpret_cast<const unsigned char*>(text.data()), text.size()});
-  if (!reason && depfile) reason = depfile->complete();
+  if (depfile) {
+    const std::string text = Depfile(deps);
+    reason = depfile->write({reinterpret_cast<const unsigned char*>(text.data()), text.size()});
+    if (!reason) reason = depfile->finish();
+  }
   if (!reason) reason = image->write(assembly.output->bytes());
-  if (!reason) reason = image->complete();
+  if (!reason) reason = image->finish();
   if (!reason && depfile) reason = depfile->place();
   if (!reason) reason = image->place();
   return reason;

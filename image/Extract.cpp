@@ -20,7 +20,7 @@ std::optional<Reason> Copy(ImageFile& from, ReplacedFile& to)
     const std::size_t count = from.read(at, std::span(piece).first(wanted));
     if (from.reason()) return from.reason();
     if (count < wanted) return Reason{from.name(), "became shorter"};
-    if (auto reason = to.write(std::span(piece).first(count))) return reason;
+    if (const auto reason = to.write(std::span(piece).first(count))) return reason;
     at += count;
   }
   return std::nullopt;
@@ -41,7 +41,7 @@ ExtractResult Extract(const std::string& imageName, const std::string& lid)
   }
   auto reason = file.open();
   if (!reason) reason = Copy(image.file, file);
-  if (!reason) reason = file.complete();
+  if (!reason) reason = file.finish();
   if (!reason) reason = file.place();
   if (reason) return {couldNot, {*reason}};
   return {};

@@ -120,20 +120,21 @@ std::optional<Reason> ReplacedFile::open()
 
 std::optional<Reason> ReplacedFile::write(std::span<const unsigned char> bytes)
 {
-  if (auto reason = begin()) return reason;
+  if (!file.isOpen()) {
+    if (const int error = makeTemporary()) return failed("cannot create a temporary file in its folder", error);
+  }
   const auto length = static_cast<std::streamsize>(bytes.size());
   if (file.write(reinterpret_cast<const char*>(bytes.data()), length) != length) return failed("cannot write", errno);
   return std::nullopt;
 }
 
-std::optional<Reason> ReplacedFile::complete()
+std::optional<Reason> ReplacedFile::finish()
 {
-  if (auto reason = begin()) return reason;
+  if (auto reason = write({})) return reason;  // also of a file without bytes
   if (kind == Kind::regular) {
     if (const int error = keepPermissions()) return failed("cannot keep its permissions", error);
   }
-  if (!file.close()) return failed("cannot write", errno);
-  return std::nullopt;
+  return file.close() ? std::nullopt : failed("cannot write", errno);
 }
 
 std::optional<Reason> ReplacedFile::place()
@@ -143,12 +144,6 @@ std::optional<Reason> ReplacedFile::place()
 }
 
 std::string ReplacedFile::folder() const { return FolderOf(place_); }
-
-std::optional<Reason> ReplacedFile::begin()
-{
-  if (file.isOpen()) return std::nullopt;
-  return failed("cannot create a temporary file in its folder", makeTemporary());
-}
 
 // A file without a name needs a file system that has such, and /proc to give it one later.
 int ReplacedFile::makeTemporary()

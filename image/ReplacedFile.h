@@ -2,7 +2,7 @@
 // same folder, and then takes the name's place in one step. Until then the name stands for the old file or for none,
 // however the run ends. Symbolic links of the name are followed, the file at their end is replaced, and its permissions
 // stay. What has no place to be taken (a pipe, a device) is opened and written as it is. Used once, in this order:
-// open, write as often as needed, complete, place; each gives the reason when it fails, and then nothing is left.
+// open, write as often as there are pieces, finish, place. Each gives the reason when it fails; nothing is left then.
 #pragma once
 
 #include <sys/stat.h>
@@ -25,15 +25,15 @@ class ReplacedFile {
   // Fails where a plain open for writing would.
   std::optional<Reason> open();
   std::optional<Reason> write(std::span<const unsigned char> bytes);
-  // Nothing more is to be written. What has no place to be taken now has all of it.
-  std::optional<Reason> complete();
+  // Closes the file, all of whose bytes are now written.
+  std::optional<Reason> finish();
+  // Gives the file its name.
   std::optional<Reason> place();
 
  private:
   enum class Kind { absent, regular, other };
 
   std::string folder() const;
-  std::optional<Reason> begin();
   int makeTemporary();
   int keepPermissions() const;
   int placeUnnamed();

@@ -94,11 +94,11 @@ def replacements(text):
         yield statement.start(), statement.start(), "return; "
 
 
-def faults_of(tree, only, seed):
+def faults_of(tree, folders, only, seed):
     """All faults in the order in which they are tried: one of each line, in random order, then a second of each."""
     rounds = []
     choose = random.Random(seed)
-    for path in sorted(path for folder in FOLDERS for path in (tree / folder).iterdir()):
+    for path in sorted(path for folder in folders for path in (tree / folder).iterdir()):
         file = str(path.relative_to(tree))
         if path.suffix not in (".h", ".cpp") or only not in (None, file):
             continue
@@ -206,6 +206,8 @@ def main():
     parser.add_argument("--count", type=int, default=20, help="how many are tried (default 20)")
     parser.add_argument("--jobs", type=int, default=os.cpu_count(), help="how many at once (default: one a processor)")
     parser.add_argument("--only", metavar="FILE", help="only in this file, named from the repository's root")
+    parser.add_argument("--folders", nargs="+", default=FOLDERS, choices=FOLDERS, metavar="FOLDER",
+                        help="only in these folders (default: all of the code)")
     parser.add_argument("--list", action="store_true", help="print the faults and try none")
     arguments = parser.parse_args()
     if arguments.jobs < 1 or arguments.count < 1:
@@ -222,7 +224,7 @@ def main():
     with tempfile.TemporaryDirectory(prefix="kelvra-mutants-") as name:
         folder = pathlib.Path(name)
         clone(folder / "tree")
-        faults = faults_of(folder / "tree", arguments.only, arguments.seed)
+        faults = faults_of(folder / "tree", arguments.folders, arguments.only, arguments.seed)
         if not faults:
             parser.error(f"no place for a fault in {arguments.only}")
         if arguments.list:

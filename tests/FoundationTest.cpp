@@ -31,11 +31,12 @@ TEST(PathTest, ElementsAreFoundExactlyAndEmptyOnesAreSkipped)
   EXPECT_TRUE(Path(":::").isEmpty());
   path.remove("b");
   path.append(path);
+  path.prepend(Path("w"));
   path.prepend("x");
   path.append("y");
   std::string list;
   for (PathIterator each(path); each.valid(); each.next()) list += Text(each.get()) + " ";
-  EXPECT_EQ(list + Text(path), "x abc c abc c y x:::abc:::c::::abc:::c::y");
+  EXPECT_EQ(list + Text(path), "x w abc c abc c y x:w:::abc:::c::::abc:::c::y");
   const char* position = "::ab:";
   unsigned int length = 9;
   GetNextLibrary(position, length);

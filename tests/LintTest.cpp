@@ -69,9 +69,10 @@ const std::string kNoVpdinfo = "cannot be opened: No such file or directory (cod
 const Row lineRows[] = {
     {"part.lidhdr", ":RUNAME.A\n\n :RUNMAE.X",
      "part.lidhdr:3: warning: unknown keyword RUNMAE; did you mean RUNAME? [unknown-keyword]\n"},
-    {"part.lidhdr", ":FARAWAY.X\n:.X",
+    {"part.lidhdr", ":FARAWAY.X\n:RUPFGIX.X\n:.X",
      "part.lidhdr:1: warning: unknown keyword FARAWAY [unknown-keyword]\n"
-     "part.lidhdr:2: warning: a statement without a keyword [unknown-keyword]\n"},
+     "part.lidhdr:2: warning: unknown keyword RUPFGIX; did you mean RUPFGID? [unknown-keyword]\n"
+     "part.lidhdr:3: warning: a statement without a keyword [unknown-keyword]\n"},
     {"part.lidhdr", ":ruflash.Y",
      "part.lidhdr:1: warning: ruflash is not in upper case and is skipped; did you mean RUFLASH? [keyword-case]\n"},
     {"part.lidhdr", "RUFLASH.Y",

@@ -238,9 +238,16 @@ class ImageTest(unittest.TestCase):
         old = self.path / "old.kesp"
         old.write_bytes(b"old")
         old.chmod(0o640)
-        run = self.run_image("extract", "part.ruhx", "-o", "old.kesp")
-        self.assertEqual((run.returncode, run.stdout, run.stderr), (0, "", ""))
-        self.assertEqual(old.read_bytes(), (self.path / "part.kesp").read_bytes())
+        for lid in (b"", (self.path / "part.kesp").read_bytes(), bytes(range(256)) * 3000):
+            (self.path / "other.kesp").write_bytes(lid)
+            shutil.copy(self.path / "part.lidhdr", self.path / "other.lidhdr")
+            self.make("other")
+            run = self.run_image("extract", "other.ruhx", "-o", "old.kesp")
+            self.assertEqual((run.returncode, run.stdout, run.stderr), (0, "", ""))
+            self.assertEqual(old.read_bytes(), lid)
+        (self.path / "other.kesp").write_bytes(lid[:500000] + b"!" + lid[500001:])
+        (failure,) = self.failures(1, "other.ruhx", "-l", "other.kesp")
+        self.assertEqual(failure["offset"], 600 + 500000)
         self.assertEqual(old.stat().st_mode & 0o777, 0o640)
         for image, lid, status, reason in (
                 (self.changed(self.bytes[:-1]), "new", 1, "changed.ruhx: not whole, nothing is extracted; verify tells more"),
