@@ -20,7 +20,7 @@ std::optional<Reason> Copy(ImageFile& from, ReplacedFile& to)
     const std::size_t count = from.read(at, std::span(piece).first(wanted));
     if (from.reason()) return from.reason();
     if (count < wanted) return Reason{from.name(), "became shorter"};
-    if (const auto reason = to.write(std::span(piece).first(count))) return reason;
+    if (auto reason = to.write(std::span(piece).first(count))) return reason;
     at += count;
   }
   return std::nullopt;

@@ -80,6 +80,7 @@ done <<'END'
 -l part.kesp -o nodir/x.ruhx|34|nodir/x.ruhx: cannot create: No such file or directory
 -l part.kesp -o /dev/full|2|/dev/full: cannot write: No space left on device
 -l part.kesp -o x --depfile nodir/d|2|nodir/d: cannot create: No such file or directory
+-l part.kesp -o x --depfile part.lidhdr|2|part.lidhdr: cannot write: it is an input of this run, or where its messages go
 -l part.kesp -o x --depfile x|2|x: cannot write: it is the image
 -l part.kesp -o x=y --depfile d|2|x=y: a depfile for make and Ninja cannot hold this name
 END
@@ -88,6 +89,8 @@ expect 'a success says nothing' '' "$(build -l part.kesp -o x; cat stderr)"
 expect 'a value is told' 1 "$(build -l part.kesp -r told.lidhdr -o x; wc -l <stderr)"
 "$tool" -l part.kesp 2>/dev/null && "$tool" -l big.kesp 2>/dev/null
 cmp <("$image" build -l part.kesp -o /dev/stdout 2>&1 | cat) part.ruhx || fail 'a pipe'
+"$image" extract big.ruhx -o big.out && cmp big.kesp big.out; expect 'the LID back' 0 $?
+exec 5<>gone && rm gone && build -l part.kesp -o /dev/fd/5; expect 'a file without a name' 0 "$(cmp part.ruhx /dev/fd/5; echo $?)"
 build -l big.kesp -o /dev/stdout | true
 expect 'a pipe that nobody reads' 2 "${PIPESTATUS[0]}"
 "$image" build -l part.kesp -o x <&- >&- 2>&-; expect 'closed streams' 0,0 "$?,$(cmp part.ruhx x; echo $?)"
@@ -157,7 +160,9 @@ for signal in KILL TERM; do
   done
 done
 start none
-for _ in 1 2 3 4 5 6 7 8; do build -l big.kesp -o ../safe/x & done; wait
+runs=()
+for _ in 1 2 3 4 5 6 7 8; do "$image" build -l big.kesp -o ../safe/x & runs+=($!); done
+for run in "${runs[@]}"; do wait "$run" || fail 'a parallel run'; done
 expect 'parallel runs' new "$(left)"
 
 # Between two system calls that strace keeps apart. With -D the process in the background is build itself.
@@ -175,11 +180,14 @@ if strace -o /dev/null true 2>/dev/null; then
   slowly -e inject=rename:delay_enter=1000000 &
   stop KILL; sleep 1.5
   expect 'killed between link and rename' new "$(left)"
+  start old; (slowly -e inject=rename:error=EIO) 2>stderr; expect 'a failing rename' 2,old "$?,$(left)"
   (slowly -e trace=openat)
   nth=$(grep -n O_TMPFILE trace | cut -d: -f1)  # the call that finds no files without a name
   for before in none old; do
     start $before; (slowly -e inject=openat:error=EOPNOTSUPP:when="$nth")
     expect "a temporary name, $before" new "$(left)"
+    start $before; (ulimit -f 100; slowly -e inject=openat:error=EOPNOTSUPP:when="$nth") 2>stderr
+    expect "a temporary name and a limit, $before" $before "$(left)"
   done
   for signal in TERM HUP; do
     start old; chmod 600 ../safe/x

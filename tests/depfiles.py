@@ -88,7 +88,8 @@ with tempfile.TemporaryDirectory() as here:
     for word in refused:
         for place in ['--vpdinfo', '-o']:
             got, printed, reason = run(image, 'deps', '-l', 'l', place, word)
-            expect(f'{place} {word!r}', (2, '', True), (got, printed, reason.startswith(f'kelvra-image: {word}: ')))
+            said = reason.endswith(': a depfile for make and Ninja cannot hold this name\n')
+            expect(f'{place} {word!r}', (2, '', True), (got, printed, said))
         expect(f'{word!r} as JSON', 0, run(image, 'deps', '--json', '-l', 'l', '-o', word)[0])
     # Names as the run would find them, from what the RUVPD source says or from nothing.
     with open('u.lidhdr', 'w', encoding='ascii') as source:
