@@ -220,7 +220,7 @@ void Checker::checkText(const Place& place)
     return AsciiEbcdic::AsciiToEbcdic(AsciiEbcdic::EbcdicToAscii(byte)) == byte;
   };
   if (!std::ranges::all_of(field->bytes, isWritten)) {
-    return fail(CheckId::textFields, place, {}, "not a text that kelvra writes");
+    return fail(CheckId::textFields, place, {}, "not a text that kelvra writes: " + Hexadecimal(field->bytes));
   }
   const auto isOdd = [](char ch) { return ch <= ' ' || ch > '~'; };
   if (std::ranges::any_of(std::get<std::string>(field->value), isOdd)) {
@@ -245,8 +245,8 @@ void Checker::checkTimes()
   const std::int64_t offset = moment->local - moment->stamp;
   if (std::abs(offset) > longestOffset) {
     fail(CheckId::buildTime, find(RecordId::fileHeader, "timeDate"), {},
-         fmt::format("which is {} UTC, {} before the local time {}", TimeText(moment->stamp), OffsetText(offset),
-                     TimeText(moment->local)));
+         fmt::format("which is {} UTC; the local time {} is UTC{}", TimeText(moment->stamp), TimeText(moment->local),
+                     OffsetText(offset)));
   } else {
     result(CheckId::buildTime).details.push_back("local time is UTC" + OffsetText(offset));
   }
