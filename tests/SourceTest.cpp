@@ -48,6 +48,14 @@ TEST(SourceProgramTest, RestrictedReadingKeepsItsLabelsAndAFailedStreamIsReporte
   }
 }
 
+TEST(SourceProgramTest, MemoryThatEndsIsAReadError)
+{
+  std::istringstream in(":A.1\n:B.2");
+  ReadStream stream(&in);
+  EXPECT_EQ(ReadLines(stream, [](const String&) { throw std::bad_alloc(); }), 1);
+  EXPECT_TRUE(stream.failure());
+}
+
 TEST(MapStringStringTest, KeysStayInByteOrderAndAssignmentReusesCutsAndAppends)
 {
   MapStringString map;

@@ -32,6 +32,9 @@ std::string InFileOrder(Record record)
   return Hex(record.getByteString());
 }
 
+// Runs a fuzzer's model on inputs made from its seeds; fails the test when the model does not hold.
+void ExpectHolds(void (*fuzz)(struct FuzzInput), const std::string& name, int rounds);
+
 // An own folder below the system's temporary folder, removed with all that is in it.
 class TemporaryFolder {
  public:
