@@ -20,7 +20,7 @@ Reason WhyNotRead(const FileName& name)
   InputFile again(ToText(name.getSource()));
   unsigned char byte = 0;
   if (!again.reason()) again.read(0, {&byte, 1});
-  return again.reason().value_or(Reason{again.name(), "cannot read"});
+  return again.reason().value_or(Reason{again.name(), "cannot read", ENOMEM});
 }
 
 // The file that made the tool's step end with the code; none when it was no file's fault.
@@ -31,7 +31,13 @@ std::optional<Reason> FileAtFault(int code, const Assembly& assembly, const Kelv
       if (assembly.lid.status().size() <= MaximumLength) return WhyNotRead(run.lidFile);
       return Reason{ToText(run.lidFile.getSource()), "cannot read", EFBIG};
     case lidNotMeasured:
-      return Reason{ToText(run.lidFile.getSource()), "cannot tell its length"};
+      if (assembly.lid.status().size() > MaximumLength - FrontLength(run)) {
+        return Reason{ToText(run.lidFile.getSource()), "cannot read", EFBIG};
+      }
+      return Reason{ToText(run.lidFile.getSource()), "its length cannot be told"};
+    case badDate:
+    case badTime:
+      return Reason{ToText(run.lidFile.getSource()), "its build time is none that a header holds"};
     case ruvpdNotOpened:
     case ruvpdNotRead:
     case vpdinfoNotOpened:
@@ -53,7 +59,7 @@ std::optional<Reason> Kept(const ReplacedFile& file, const std::string& name, co
                            const Assembly& assembly)
 {
   if (!IsKept(FileStatus(ToString(file.target())), run, assembly.lid, assembly.front.sources)) return std::nullopt;
-  return Reason{name, "cannot write: it is an input of this run, or where its messages go"};
+  return Reason{name, "cannot write: it is an input, or the file behind standard output or standard error"};
 }
 
 std::vector<FileName> NamesOf(const std::vector<SourceFile>& sources)
@@ -154,7 +160,7 @@ std::optional<Reason> Making::openDepfile()
 {
   if (options.depfile.empty()) return std::nullopt;
   depfile.emplace(options.depfile);
-  if (depfile->target() == image->target()) return Reason{options.depfile, "cannot write: it is the image"};
+  if (depfile->hasPlaceOf(*image)) return Reason{options.depfile, "cannot write: it is the image"};
   if (auto reason = Kept(*depfile, options.depfile, run, assembly)) return reason;
   return depfile->open();
 }
@@ -175,12 +181,29 @@ std::optional<Reason> Making::placeBoth()
   return reason;
 }
 
+// What keeps lint from going first: it must not take away what the build is to read, nor hide why that cannot be.
+std::optional<Reason> UnfitForLint(const Kelvra& run)
+{
+  if (auto reason = UnreadVpdinfo(run)) return reason;
+  for (const FileName& name : {run.lidFile, run.ruvpdFile, run.vpdinfoFile}) {
+    const FileStatus status(name.getSource());
+    const bool isReadOnce = status.valid() && !status.isRegular() && !status.isDirectory();
+    if (isReadOnce) return Reason{ToText(name.getSource()), "not a regular file: lint would read it before the build does"};
+  }
+  const InputFile source(ToText(run.ruvpdFile.getSource()));
+  if (!source.reason()) return std::nullopt;
+  return NotMade(ToText(run.outputFile.getSource()), source.reason());
+}
+
 }  // namespace
 
 BuildResult Build(const Inputs& inputs, const BuildOptions& options)
 {
   LintResult lint;
-  if (options.lint) lint = Lint(inputs, {});
+  if (options.lint) {
+    if (const auto reason = UnfitForLint(MakeRun(inputs))) return CouldNot(*reason);
+    lint = Lint(inputs, {});
+  }
   const bool isRefused = std::ranges::any_of(
       lint.findings, [](const Finding& finding) { return finding.rule->severity == Severity::error; });
   if (isRefused) return {foundSomething, std::move(lint.findings), {}, {}};

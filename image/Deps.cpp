@@ -5,6 +5,7 @@
 #include "builder/Morvik.h"
 #include "foundation/ReturnCode.h"
 #include "foundation/StandardStreams.h"
+#include "image/InputFile.h"
 
 namespace {
 
@@ -61,15 +62,21 @@ std::string EmptyRule(const std::string& name)
 DepsResult Deps(const Inputs& inputs)
 {
   const Kelvra run = MakeRun(inputs);
-  if (const auto reason = UnreadVpdinfo(run)) return {couldNot, "", {}, {*reason}};
+  if (const auto reason = UnreadVpdinfo(run)) return {"", {}, {*reason}};
   Morvik builder;
   builder.setVpdinfoSource(run.vpdinfoFile);
   const MessageCapture unsaid;
   // Any date and time: they name no file.
   if (builder.morvikParse(run.ruvpdFile.getSource(), "20000101", "000000") != success) {
-    return {couldNot, "", {}, {{ToText(run.ruvpdFile.getSource()), "not the name of a source"}}};
+    return {"", {}, {{ToText(run.ruvpdFile.getSource()), "not the name of a source"}}};
   }
-  return DepsOf(run, builder.nameSources());
+  const std::vector<FileName> sources = builder.nameSources();
+  for (const SourceFile& source : builder.sourceFiles()) {
+    // What it would say of the VPDINFO source is not known.
+    const InputFile file(ToText(source.name.getSource()));
+    if (!source.isOpened) return {"", {}, {file.reason().value_or(Reason{file.name(), "cannot open"})}};
+  }
+  return DepsOf(run, sources);
 }
 
 DepsResult DepsOf(const Kelvra& run, const std::vector<FileName>& sources)

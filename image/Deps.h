@@ -8,13 +8,12 @@
 #include "image/Reason.h"
 
 struct DepsResult {
-  int status = allWell;
   std::string output;
   std::vector<std::string> inputs;  // LID, sources; also those that do not exist
-  std::vector<Reason> reasons;
+  std::vector<Reason> reasons;      // why they are not known; then there is nothing else
 };
 
-// Reads the RUVPD source, and no other file.
+// Reads the RUVPD source, which may name the VPDINFO source, and no other file.
 DepsResult Deps(const Inputs& inputs);
 
 // Those of a run whose sources are known.

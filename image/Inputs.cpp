@@ -2,22 +2,26 @@
 
 #include <charconv>
 #include <cstdlib>
-#include <cstring>
 #include <ctime>
 
 #include "builder/SourceKind.h"
 #include "source/MapStringString.h"
 #include "source/SPAOption.h"
 
+std::optional<std::int64_t> SecondsOf(const std::string& text)
+{
+  const char* end = text.data() + text.size();
+  std::int64_t seconds = 0;
+  const auto [rest, error] = std::from_chars(text.data(), end, seconds);
+  return rest == end && error == std::errc() ? std::optional(seconds) : std::nullopt;
+}
+
 std::optional<Reason> TakeSourceDateEpoch(Inputs& inputs)
 {
   const char* epoch = std::getenv("SOURCE_DATE_EPOCH");
-  if (epoch == nullptr || inputs.utc || inputs.timestamp) return std::nullopt;
-  const char* end = epoch + std::strlen(epoch);
-  std::int64_t seconds = 0;
-  const auto [rest, error] = std::from_chars(epoch, end, seconds);
-  if (rest != end || error != std::errc()) return Reason{"SOURCE_DATE_EPOCH", "not a number of seconds"};
-  inputs.timestamp = seconds;
+  if (epoch == nullptr || *epoch == '\0' || inputs.utc || inputs.timestamp) return std::nullopt;
+  inputs.timestamp = SecondsOf(epoch);
+  if (!inputs.timestamp) return Reason{"SOURCE_DATE_EPOCH", "not a number of seconds"};
   inputs.utc = true;
   return std::nullopt;
 }

@@ -13,12 +13,16 @@ struct Inputs {
   std::string source = {};   // -r; when empty, beside the LID
   std::string image = {};    // -o; when empty, beside the LID
   std::string vpdinfo = {};  // --vpdinfo; when empty, beside the RUVPD source
-  std::optional<std::int64_t> timestamp =
-      {};            // --timestamp: the build time of a LID without header, seconds since 1970
+  // --timestamp: the build time of a LID without header, seconds since 1970.
+  std::optional<std::int64_t> timestamp = {};
   bool utc = false;  // --utc
 };
 
-// Where neither --timestamp nor --utc was given, SOURCE_DATE_EPOCH gives both. The reason when it is no number.
+// The whole text as a decimal number of seconds.
+std::optional<std::int64_t> SecondsOf(const std::string& text);
+
+// Where neither --timestamp nor --utc was given, SOURCE_DATE_EPOCH gives both, unless it is empty. The reason when it
+// is no number.
 std::optional<Reason> TakeSourceDateEpoch(Inputs& inputs);
 
 // The tool's run over the inputs, its names completed as the tool completes them. Sets the process's time zone where it

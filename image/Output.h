@@ -18,5 +18,6 @@ class Output {
   void write();
 
   std::string pending;
+  bool isUsed = false;
   int error = 0;  // of the first failure; nothing is written after it
 };

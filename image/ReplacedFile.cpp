@@ -2,8 +2,10 @@
 
 #include <fcntl.h>
 #include <sys/wait.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
 #include <climits>
 #include <cstdio>
@@ -36,6 +38,11 @@ int FollowLinks(std::string& name)
   }
 }
 
+std::string MemberOf(const std::string& name)
+{
+  return name.substr(name.rfind('/') + 1);  // all of it without a "/"
+}
+
 bool IsSameFile(const std::string& name, const struct stat& known)
 {
   struct stat found = {};
@@ -46,6 +53,16 @@ bool IsSameFile(const std::string& name, const struct stat& known)
 std::string NameOf(const FileDescriptor& file) { return "/proc/self/fd/" + std::to_string(file.descriptor()); }
 
 int ErrorOf(int result) { return result == 0 ? 0 : errno; }
+
+// The access control list, where the file has one; 0 or an errno value.
+int CopyAccessList(const std::string& from, int to)
+{
+  constexpr const char* attribute = "system.posix_acl_access";
+  std::array<char, 65536> list;
+  const ssize_t length = ::getxattr(from.c_str(), attribute, list.data(), list.size());
+  if (length < 0) return 0;
+  return ErrorOf(::fsetxattr(to, attribute, list.data(), static_cast<std::size_t>(length), 0));
+}
 
 // 0 or an errno value.
 int Link(const char* file, const char* to)
@@ -83,20 +100,28 @@ int LinkAndRenameUnparted(const char* file, const char* hidden, const char* targ
 
 }  // namespace
 
-ReplacedFile::ReplacedFile(const std::string& given) : name(given), place_(given)
+ReplacedFile::ReplacedFile(const std::string& given) : name(given), targetName(given)
 {
   lookup = ErrorOf(::stat(name.c_str(), &old));
   if (lookup != 0 && lookup != ENOENT) return;
   const bool isAbsent = lookup == ENOENT;
   if (!isAbsent && !S_ISREG(old.st_mode)) return;
-  lookup = FollowLinks(place_);
+  lookup = FollowLinks(targetName);
   if (isAbsent) {
     kind = Kind::absent;
-  } else if (place_ == name || IsSameFile(place_, old)) {
+  } else if (targetName == name || IsSameFile(targetName, old)) {
     kind = Kind::regular;
   } else {
-    place_ = name;  // led to by /proc, but without a name of its own
+    targetName = name;  // led to by /proc, but without a name of its own
   }
+}
+
+bool ReplacedFile::hasPlaceOf(const ReplacedFile& other) const
+{
+  if (targetName == other.targetName) return true;
+  struct stat otherFolder = {};
+  return MemberOf(targetName) == MemberOf(other.targetName) && ::stat(other.folder().c_str(), &otherFolder) == 0 &&
+         IsSameFile(folder(), otherFolder);
 }
 
 std::optional<Reason> ReplacedFile::open()
@@ -109,7 +134,7 @@ std::optional<Reason> ReplacedFile::open()
       error = ErrorOf(::faccessat(AT_FDCWD, folder().c_str(), W_OK | X_OK, AT_EACCESS));
       break;
     case Kind::regular:
-      error = ErrorOf(::faccessat(AT_FDCWD, place_.c_str(), W_OK, AT_EACCESS));
+      error = ErrorOf(::faccessat(AT_FDCWD, targetName.c_str(), W_OK, AT_EACCESS));
       break;
     case Kind::other:
       error = file.open(ToString(name), O_WRONLY | O_TRUNC);
@@ -122,28 +147,29 @@ std::optional<Reason> ReplacedFile::write(std::span<const unsigned char> bytes)
 {
   if (!file.isOpen()) {
     if (const int error = makeTemporary()) return failed("cannot create a temporary file in its folder", error);
+    // At once, so that nobody reads under a temporary name what the old file hid.
+    if (const auto reason = kept()) return reason;
   }
   const auto length = static_cast<std::streamsize>(bytes.size());
+  errno = EIO;  // for a file that takes nothing and does not say why
   if (file.write(reinterpret_cast<const char*>(bytes.data()), length) != length) return failed("cannot write", errno);
   return std::nullopt;
 }
 
 std::optional<Reason> ReplacedFile::finish()
 {
-  if (auto reason = write({})) return reason;  // also of a file without bytes
-  if (kind == Kind::regular) {
-    if (const int error = keepPermissions()) return failed("cannot keep its permissions", error);
-  }
+  if (auto reason = write({})) return reason;     // also of a file without bytes
+  if (const auto reason = kept()) return reason;  // once more: writing may take bits away
   return file.close() ? std::nullopt : failed("cannot write", errno);
 }
 
 std::optional<Reason> ReplacedFile::place()
 {
   if (kind == Kind::other) return std::nullopt;
-  return failed("cannot replace", temporary.exists() ? temporary.rename(place_) : placeUnnamed());
+  return failed("cannot replace", temporary.exists() ? temporary.rename(targetName) : placeUnnamed());
 }
 
-std::string ReplacedFile::folder() const { return FolderOf(place_); }
+std::string ReplacedFile::folder() const { return FolderOf(targetName); }
 
 // A file without a name needs a file system that has such, and /proc to give it one later.
 int ReplacedFile::makeTemporary()
@@ -153,6 +179,11 @@ int ReplacedFile::makeTemporary()
     file.close();
   }
   return temporary.create(folder(), file);
+}
+
+std::optional<Reason> ReplacedFile::kept() const
+{
+  return kind == Kind::regular ? failed("cannot keep its permissions", keepPermissions()) : std::nullopt;
 }
 
 // Another user's file stays that user's, or at least its group's, where the operating system lets it.
@@ -165,6 +196,7 @@ int ReplacedFile::keepPermissions() const
     static_cast<void>(::fchown(descriptor, old.st_uid, old.st_gid) == 0 ||
                       ::fchown(descriptor, made.st_uid, old.st_gid) == 0);
   }
+  if (const int error = CopyAccessList(targetName, descriptor)) return error;
   if ((made.st_mode & permissionBits) == (old.st_mode & permissionBits)) return 0;
   return ErrorOf(::fchmod(descriptor, old.st_mode & permissionBits));
 }
@@ -173,10 +205,10 @@ int ReplacedFile::placeUnnamed()
 {
   const std::string source = NameOf(unnamed);
   if (kind == Kind::absent) {
-    const int error = Link(source.c_str(), place_.c_str());
+    const int error = Link(source.c_str(), targetName.c_str());
     if (error != EEXIST) return error;
   }
-  return LinkAndRenameUnparted(source.c_str(), FreshName(folder()).c_str(), place_.c_str());
+  return LinkAndRenameUnparted(source.c_str(), FreshName(folder()).c_str(), targetName.c_str());
 }
 
 std::optional<Reason> ReplacedFile::failed(const char* what, int error) const

@@ -21,7 +21,9 @@ class ReplacedFile {
   explicit ReplacedFile(const std::string& name);
 
   // The name at the end of the links.
-  const std::string& target() const { return place_; }
+  const std::string& target() const { return targetName; }
+  // Whether both would take the same place, whatever the names lead through.
+  bool hasPlaceOf(const ReplacedFile& other) const;
   // Fails where a plain open for writing would.
   std::optional<Reason> open();
   std::optional<Reason> write(std::span<const unsigned char> bytes);
@@ -35,12 +37,13 @@ class ReplacedFile {
 
   std::string folder() const;
   int makeTemporary();
+  std::optional<Reason> kept() const;
   int keepPermissions() const;
   int placeUnnamed();
   std::optional<Reason> failed(const char* what, int error) const;
 
   const std::string name;
-  std::string place_;
+  std::string targetName;
   Kind kind = Kind::other;
   struct stat old = {};  // of what the name stood for
   int lookup = 0;        // an errno value: why that is not known

@@ -18,7 +18,7 @@
 
 namespace {
 
-constexpr int endingSignals[] = {SIGHUP, SIGINT, SIGQUIT, SIGTERM};
+constexpr int endingSignals[] = {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGUSR1, SIGUSR2, SIGALRM, SIGXCPU, SIGVTALRM};
 
 // The names of the files that are there: at most an image and its depfile.
 std::array<std::atomic<const char*>, 2> present;

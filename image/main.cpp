@@ -27,6 +27,7 @@ struct Arguments {
   std::vector<std::string> disabled;
   bool json = false;
   bool verbose = false;
+  bool takesTimes = false;  // whether SOURCE_DATE_EPOCH has a meaning
   Output out;
 };
 
@@ -34,31 +35,43 @@ void PrintReason(const Reason& reason) { PrintErrorLine("kelvra-image: " + ToStr
 
 void PrintReasons(const std::vector<Reason>& reasons) { std::ranges::for_each(reasons, PrintReason); }
 
+// A file's option; the last one counts, as in kelvra.
+CLI::Option* AddFile(CLI::App& app, const char* option, std::string& file, const char* description)
+{
+  const auto isNamed = [](const std::string& name) { return std::string(name.empty() ? "an empty file name" : ""); };
+  return app.add_option(option, file, description)->type_name("FILE")->take_last()->check(isNamed, "");
+}
+
 // -l, -r, -o and --vpdinfo.
 CLI::Option* AddFiles(CLI::App& app, Inputs& inputs)
 {
-  app.add_option("-r,--source", inputs.source, "the RUVPD source; else the LID's name with .lidhdr")->type_name("FILE");
-  app.add_option("-o,--output", inputs.image, "the image; else the LID's name with .ruhx")->type_name("FILE");
-  app.add_option("--vpdinfo", inputs.vpdinfo, "the VPDINFO source, in place of the one beside the RUVPD source")
-      ->type_name("FILE");
-  return app.add_option("-l,--lid", inputs.lid, "the LID file")->type_name("FILE");
+  AddFile(app, "-r,--source", inputs.source, "the RUVPD source; else the LID's name with .lidhdr");
+  AddFile(app, "-o,--output", inputs.image, "the image; else the LID's name with .ruhx");
+  AddFile(app, "--vpdinfo", inputs.vpdinfo, "the VPDINFO source, in place of the one beside the RUVPD source");
+  return AddFile(app, "-l,--lid", inputs.lid, "the LID file");
 }
 
-void AddTimes(CLI::App& app, Inputs& inputs)
+void AddTimes(CLI::App& app, Arguments& arguments)
 {
-  app.add_option("--timestamp", inputs.timestamp, "the build time of a LID without a header, seconds since 1970")
+  arguments.takesTimes = true;
+  const auto take = [&arguments](const std::string& text) {
+    arguments.inputs.timestamp = SecondsOf(text);
+    if (!arguments.inputs.timestamp) throw CLI::ValidationError("--timestamp", "not a number of seconds: " + text);
+  };
+  app.add_option_function<std::string>("--timestamp", take,
+                                       "the build time of a LID without a header, seconds since 1970")
       ->type_name("SECONDS");
-  app.add_flag("--utc", inputs.utc, "the time zone is UTC");
+  app.add_flag("--utc", arguments.inputs.utc, "the time zone is UTC");
 }
 
 void AddJson(CLI::App& app, Arguments& arguments) { app.add_flag("--json", arguments.json, "print JSON"); }
 
-void BuildOptionsOf(CLI::App& app, Arguments& arguments)
+void BuildCommandOptions(CLI::App& app, Arguments& arguments)
 {
   AddFiles(app, arguments.inputs)->required();
-  AddTimes(app, arguments.inputs);
+  AddTimes(app, arguments);
   app.add_flag("--lint", arguments.build.lint, "lint first; errors stop the build");
-  app.add_option("--depfile", arguments.build.depfile, "write what deps prints to this file")->type_name("FILE");
+  AddFile(app, "--depfile", arguments.build.depfile, "write what deps prints to this file");
   app.add_flag("--verbose", arguments.build.verbose, "print all the lines that kelvra prints");
 }
 
@@ -80,7 +93,7 @@ void DepsOptions(CLI::App& app, Arguments& arguments)
 int RunDeps(Arguments& arguments)
 {
   DepsResult result = Deps(arguments.inputs);
-  if (result.status == allWell && !arguments.json) result.reasons = NamesOutsideDepfiles(result);
+  if (result.reasons.empty() && !arguments.json) result.reasons = NamesOutsideDepfiles(result);
   PrintReasons(result.reasons);
   if (!result.reasons.empty()) return couldNot;
   arguments.out.add(arguments.json ? Json(result) : Depfile(result));
@@ -90,7 +103,7 @@ int RunDeps(Arguments& arguments)
 void LintOptions(CLI::App& app, Arguments& arguments)
 {
   AddFiles(app, arguments.inputs);
-  AddTimes(app, arguments.inputs);
+  AddTimes(app, arguments);
   app.add_option("--disable", arguments.disabled, "silence a rule")->type_name("RULE");
   AddJson(app, arguments);
 }
@@ -165,16 +178,13 @@ int RunList(Arguments& arguments)
 void VerifyOptions(CLI::App& app, Arguments& arguments)
 {
   AddImages(app, arguments);
-  CLI::Option* lid = app.add_option("-l,--lid", arguments.inputs.lid, "is this LID in the image")->type_name("FILE");
+  CLI::Option* lid = AddFile(app, "-l,--lid", arguments.inputs.lid, "is this LID in the image");
   CLI::Option* source =
-      app.add_option("-r,--source", arguments.inputs.source, "do the LID and this RUVPD source make the image")
-          ->type_name("FILE")
+      AddFile(app, "-r,--source", arguments.inputs.source, "do the LID and this RUVPD source make the image")
           ->needs(lid);
-  app.add_option("--vpdinfo", arguments.inputs.vpdinfo,
-                 "the VPDINFO source, in place of the one beside the RUVPD source")
-      ->type_name("FILE")
+  AddFile(app, "--vpdinfo", arguments.inputs.vpdinfo, "the VPDINFO source, in place of the one beside the RUVPD source")
       ->needs(source);
-  AddTimes(app, arguments.inputs);
+  AddTimes(app, arguments);
   app.add_flag("--verbose", arguments.verbose, "print all checks");
   AddJson(app, arguments);
 }
@@ -208,7 +218,7 @@ int RunDiff(Arguments& arguments)
 void ExtractOptions(CLI::App& app, Arguments& arguments)
 {
   app.add_option("image", arguments.files, "the image")->required()->expected(1)->type_name("IMAGE");
-  app.add_option("-o,--output", arguments.inputs.lid, "the LID to be written")->required()->type_name("LID");
+  AddFile(app, "-o,--output", arguments.inputs.lid, "the LID to be written")->required();
 }
 
 int RunExtract(Arguments& arguments)
@@ -234,7 +244,7 @@ struct Command {
 
 constexpr Command commands[] = {
     {"build", "Make an image, whole or not at all", "kelvra-image build -l part.kesp -o part.ruhx --utc",
-     BuildOptionsOf, RunBuild},
+     BuildCommandOptions, RunBuild},
     {"deps", "Print the files that a run reads and writes, as a depfile", "kelvra-image deps -l part.kesp", DepsOptions,
      RunDeps},
     {"lint", "Tell what kelvra would silently skip, cut, default or refuse", "kelvra-image lint -l part.kesp",
@@ -259,14 +269,28 @@ const Command* FindCommand(int argc, char** argv)
   return found != std::end(commands) ? found : nullptr;
 }
 
+// The parser takes "[a,b]" for a list of two. As "./[a,b]" it is the one file that it names.
+std::vector<std::string> PlainWords(int argc, char** argv)
+{
+  std::vector<std::string> words;
+  for (int i = argc - 1; i >= 0; i--) {  // it takes them in reverse order
+    const std::string_view word = argv[i];
+    words.push_back((word.starts_with('[') && word.ends_with(']') ? "./" : "") + std::string(word));
+  }
+  return words;
+}
+
+void AddVersion(CLI::App& app) { app.set_version_flag("--version", "kelvra-image " KELVRA_VERSION); }
+
 // A command has a parser of its own, which is all that it sets up: that is a good part of the time of a small build.
 void ParseFor(const Command& command, CLI::App& app, Arguments& arguments, int argc, char** argv)
 {
   app.description(command.summary);
   app.name(std::string("kelvra-image ") + command.name);
   app.footer(std::string("Example: ") + command.example);
+  AddVersion(app);
   command.options(app, arguments);
-  app.parse(argc - 1, argv + 1);
+  app.parse(PlainWords(argc - 2, argv + 2));
 }
 
 // Without a command there is only help, the version, or a mistake to be told of.
@@ -274,10 +298,12 @@ void ParseAlone(CLI::App& app, int argc, char** argv)
 {
   app.name("kelvra-image");
   app.description("Makes, shows, proves, compares and checks the images that kelvra makes.");
-  app.set_version_flag("--version", "kelvra-image " KELVRA_VERSION);
+  app.footer("Example: kelvra-image show part.ruhx");
+  AddVersion(app);
   app.require_subcommand(1);
   for (const Command& command : commands) app.add_subcommand(command.name, command.summary);
-  app.parse(argc, argv);
+  if (argc > 1 && argv[1][0] != '-') throw CLI::ValidationError(argv[1], "no such command");
+  app.parse(PlainWords(argc - 1, argv + 1));
 }
 
 int Run(int argc, char** argv)
@@ -288,7 +314,8 @@ int Run(int argc, char** argv)
   try {
     if (const Command* command = FindCommand(argc, argv)) {
       ParseFor(*command, app, arguments, argc, argv);
-      if (const auto reason = TakeSourceDateEpoch(arguments.inputs)) {
+      const auto reason = arguments.takesTimes ? TakeSourceDateEpoch(arguments.inputs) : std::nullopt;
+      if (reason) {
         PrintReason(*reason);
       } else {
         status = command->run(arguments);

@@ -157,6 +157,12 @@ class ImageTest(unittest.TestCase):
         self.assertEqual((records["sectionHeader"]["offset"], records["lid"]["offset"]), (570, 610))
         self.assertEqual(self.failures(0, "Long_name.ruhx", "-l", "part.kesp", "-r", "Long_name.lidhdr"), [])
 
+    def test_a_base_name_may_encode_to_the_section_headers_name(self):
+        source = os.fsdecode(b".text\x80\x80\x80\x80.lidhdr")
+        (self.path / source).write_text(":RUNAME.X\n:VPDINFONM.controller\n")
+        subprocess.run([self.kelvra, "-l", "part.kesp", "-r", source], cwd=self.path, check=True, stderr=subprocess.DEVNULL)
+        self.assertEqual(self.failures(0, "part.ruhx", "-l", "part.kesp", "-r", source), [])
+
     def test_each_changed_byte_is_named(self):
         for i in range(2, FRONT):
             content = bytearray(self.bytes)
@@ -206,6 +212,8 @@ class ImageTest(unittest.TestCase):
         source.write_text(":VPDINFONM.controller\n:RUDEST.NOWHERE\n")
         (failure,) = self.failures(1, "part.ruhx", *EXAMPLE)
         self.assertIn("kelvra refuses them with code 39", failure["message"])
+        source.write_text(":VPDINFONM.controller\n:RUDEST.\x1b[31m\n")
+        self.assertIn("file is \\x1B[31m.", self.run_image("verify", "part.ruhx", *EXAMPLE).stdout)
         source.unlink()
         run = self.run_image("verify", "part.ruhx", *EXAMPLE)
         self.assertEqual((run.returncode, run.stderr),
@@ -289,7 +297,11 @@ class ImageTest(unittest.TestCase):
                 (["verify", "empty"], "empty: not an image: shorter than a file header"),
                 (["diff", "part.ruhx", "part.kesp"], "part.kesp: not an image: another magic number"),
                 (["show"], "images is required; --help tells more"),
-                (["nonsense"], "A subcommand is required; --help tells more")):
+                (["nonsense"], "nonsense: no such command; --help tells more"),
+                (["build", "-l", ""], "--lid: an empty file name; --help tells more"),
+                (["build", "-l", "x", "--timestamp", "010x"], "--timestamp: not a number of seconds: 010x; --help tells more"),
+                (["verify", "part.ruhx", "-l", "no\x1b\nne.kesp"],
+                 "no\\x1B\\x0Ane.kesp: cannot open: No such file or directory")):
             with self.subTest(words):
                 run = self.run_image(*words)
                 self.assertEqual((run.returncode, run.stderr), (2, f"kelvra-image: {reason}\n"))
