@@ -80,7 +80,7 @@ done <<'END'
 -l part.kesp -o nodir/x.ruhx|34|nodir/x.ruhx: cannot create: No such file or directory
 -l part.kesp -o /dev/full|2|/dev/full: cannot write: No space left on device
 -l part.kesp -o x --depfile nodir/d|2|nodir/d: cannot create: No such file or directory
--l part.kesp -o x --depfile part.lidhdr|2|part.lidhdr: cannot write: it is an input of this run, or where its messages go
+-l part.kesp -o x --depfile part.lidhdr|2|part.lidhdr: cannot write: it is an input, or the file behind standard output or standard error
 -l part.kesp -o x --depfile x|2|x: cannot write: it is the image
 -l part.kesp -o x=y --depfile d|2|x=y: a depfile for make and Ninja cannot hold this name
 END

@@ -1,4 +1,4 @@
-#!/usr/bin/env python3
+#!/usr/bin/python3
 """Depfiles of kelvra-image, read back by the real GNU make and Ninja. Usage: depfiles.py PATH_TO_KELVRA_IMAGE"""
 import os
 import re
@@ -85,6 +85,8 @@ for word in held:
     check('o.ruhx', [word + '.kesp', word + '.lidhdr', word])
 with tempfile.TemporaryDirectory() as here:
     os.chdir(here)
+    os.mkdir('d')
+    touch('l.lidhdr', 'd/n.lidhdr')
     for word in refused:
         for place in ['--vpdinfo', '-o']:
             got, printed, reason = run(image, 'deps', '-l', 'l', place, word)
@@ -100,5 +102,7 @@ with tempfile.TemporaryDirectory() as here:
                           (['-l', 'u', '--vpdinfo', 'v'], 'u.ruhx: u.kesp u.lidhdr v')]:
         rules = [wanted] + [name + ':' for name in wanted.split(' ')[1:]]
         expect(f'deps {words}', (0, '\n\n'.join(rules) + '\n', ''), run(image, 'deps', *words))
+    expect('deps without its source', (2, '', 'kelvra-image: n.lidhdr: cannot open: No such file or directory\n'),
+           run(image, 'deps', '-l', 'n'))
     os.chdir('/')
 sys.exit(failed)
