@@ -1,6 +1,8 @@
-#include <gtest/gtest.h>
-
 #include "builder/Morvik.h"
+#include "foundation/StandardStreams.h"
+#include "source/MapStringString.h"
+#include "source/SPAOption.h"
+#include "tests/TestSupport.h"
 
 TEST(BuilderTest, ParseTestsTheNameThenTheDateThenTheTime)
 {
@@ -19,4 +21,20 @@ TEST(BuilderTest, CodeThatNoBuildReturnsPrintsItsLineOrNothing)
     Morvik().morvikPrintError(code);
     EXPECT_EQ(testing::internal::GetCapturedStderr(), line) << code;
   }
+}
+
+TEST(BuilderTest, AGivenVpdinfoSourceIsReadAsOneAndMessagesCanBeKept)
+{
+  const TemporaryFolder folder;
+  const String source = ToString(folder.write("part.lidhdr", ":RUNAME.A"));
+  const std::string given = folder.write("given.txt", ":VERLEVEL.V1\n:RUDEST.NONSENSE");
+  OptionTable().clear();
+  Morvik builder;
+  builder.setVpdinfoSource(FileName(ToString(given)));
+  const MessageCapture capture;
+  EXPECT_EQ(builder.morvikParse(source, "20240115", "235959"), 0);
+  EXPECT_EQ(builder.morvikExecute(), 0);
+  EXPECT_EQ(builder.morvikGetHeader()(92, 4).toHexString(), "e5f14040");
+  ASSERT_EQ(capture.lines().size(), 2U);
+  EXPECT_EQ(Text(capture.lines()[1].text), "vpdinfo File is " + given);
 }

@@ -85,6 +85,8 @@ TEST(CommandLine, FaultsAndNamesThatLeadNowhereEndInTheirCodeAndMakeNoFile)
        {{"-l", "part", "-o", "dir/"}, {"-l", "part", "-o", "dir"}, {"-l", "part", "-o", "no/x"}}}};
   char* nothing[] = {nullptr};
   EXPECT_EQ(Kelvra().parseParams(0, nothing), 30);
+  EXPECT_EQ(Kelvra().getMajorVersion(), 1U);
+  EXPECT_EQ(Kelvra().getMinorVersion(), 0U);
   for (const auto& [status, err, commandLines] : rows) {
     for (const Words& arguments : commandLines) {
       Check(TemporaryFolder(), {"part.kesp", "dir/.kesp", "empty/"}, arguments, status, err);

@@ -56,7 +56,8 @@ TEST(WordTest, NumberLandsBigEndianAtTheEndOfTheFieldAndTellsOfLostBytesOfItsMag
   ExpectField(Word(0x1000000UL), 3, "00 00 00", true);
   ExpectField(Word(0xFFFFFFFEUL), 5, "00 ff ff ff fe", false);
   ExpectField(Word(0x100001234UL), 2, "12 34", false);
-  ExpectField(Word(), 0, "", true);
+  ExpectField(Word(), 1, "00", false);
+  ExpectField(Word(0UL), 0, "", true);
   ExpectField(Word(0x1234L), 1, "34", true);
   ExpectField(Word(-1L), 0, "", true);
   ExpectField(Word(-2L), 6, "ff ff ff ff ff fe", false);

@@ -162,4 +162,5 @@ TEST(RecordsDeathTest, AnInvalidRecordFailsItsAssertion)
   EXPECT_DEATH(ScnHdr(39).Endian(), "ScnHdr:[0-9]+: void ScnHdr::Endian \\(\\): .*`valid\\(\\)'");
   EXPECT_DEATH(KespHeader(103).getByteString(),
                "KespHeader:.* KespHeader::getByteString \\(\\) const: .*`valid\\(\\)'");
+  EXPECT_DEATH(KespHeader(103).holdsLidDateTime(), "KespHeader::holdsLidDateTime \\(\\) const: .*`valid\\(\\)'");
 }

@@ -85,6 +85,9 @@ TEST(ReadStreamTest, FailureComesOfReadingBeyondMemoryOrTheEndAndGoesWithoutTheE
   EXPECT_EQ(in.rdstate(), ios::eofbit);
   stream.setOffset(2);
   EXPECT_EQ(in.rdstate(), ios::failbit);
+  ByteString bytes;
+  stream.getByteString(bytes, 1);
+  EXPECT_TRUE(stream.failure());
   std::istream none(nullptr);
   ReadStream noBuffer(&none);
   EXPECT_EQ(noBuffer.getOffset(), 4294967295U);
