@@ -10,7 +10,7 @@ if [ "${1-}" = --check ]; then
   caller=$2
   shift 2
 else
-  set -- g++=g++ cmake=cmake make=make ninja=ninja-build /usr/include/gtest/gtest.h=libgtest-dev \
+  set -- g++=g++ cmake=cmake ninja=ninja-build /usr/include/gtest/gtest.h=libgtest-dev \
     /usr/include/CLI/CLI.hpp=libcli11-dev /usr/include/nlohmann/json.hpp=nlohmann-json3-dev \
     /usr/include/fmt/format.h=libfmt-dev "$@"
 fi

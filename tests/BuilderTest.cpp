@@ -36,5 +36,6 @@ TEST(BuilderTest, AGivenVpdinfoSourceIsReadAsOneAndMessagesCanBeKept)
   EXPECT_EQ(builder.morvikExecute(), 0);
   EXPECT_EQ(builder.morvikGetHeader()(92, 4).toHexString(), "e5f14040");
   ASSERT_EQ(capture.lines().size(), 2U);
+  EXPECT_EQ(Text(capture.lines()[0].text), "ruvpd File is " + Text(source));
   EXPECT_EQ(Text(capture.lines()[1].text), "vpdinfo File is " + given);
 }

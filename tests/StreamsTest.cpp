@@ -50,11 +50,22 @@ TEST(ReadFileStreamTest, FilesOfEverySizeAreReadWholeAndAgainFromAnOffset)
     EXPECT_EQ(Hex(part), Hex(content.substr(0, 10)));
     EXPECT_EQ(stream.getOffset() + after.length(), std::min(size, 10U));
     // What is buffered comes before what is read directly.
+    stream.peekChar();
     bytes = ByteString(10000U, 0x00);
     EXPECT_EQ(stream.readUpTo(bytes.getBytePointer(), 10000), size - part.length());
     EXPECT_EQ(Hex(part + bytes(0, size - part.length())), Hex(content));
     EXPECT_FALSE(stream.failure());
   }
+}
+
+TEST(FileStatusTest, AnAbsentFileIsNoOther)
+{
+  const TemporaryFolder folder;
+  const FileStatus there(ToString(folder.write("file", ""))), absent(ToString(folder / "none"));
+  EXPECT_TRUE(there.mayBeSameFile(there));
+  EXPECT_TRUE(there.mayBeSameFile(FileStatus()));  // not known
+  for (const auto& [one, other] : {std::pair(there, absent), {absent, there}, {absent, FileStatus()}})
+    EXPECT_FALSE(one.mayBeSameFile(other));
 }
 
 TEST(ReadFileStreamTest, WhatCannotBeReadIsAFailureAndGivesNothing)
