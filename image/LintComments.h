@@ -13,26 +13,26 @@ bool HoldsCommentSign(std::string_view text);
 // nothing ends is one of a single line.
 class LongComments {
  public:
-  // Where the next line begins: in which comment, or 0 for outside of all.
+  // The innermost comment in which the next line begins; 0 for none.
   std::size_t place() const { return innermost; }
-  // Takes the next line, without white space. What in it looks like a statement after the end of a comment is given
-  // back; else nothing.
+  // Takes the next line, without its white space. Returns what stands there after the end of a comment and looks like a
+  // statement; else nothing.
   std::string_view take(unsigned int number, std::string_view line);
-  // After the last line: the line in which the innermost comment around the place begins that has an end; 0 for none.
-  // Takes the places in any order, but not before all lines.
+  // After the last line, when it is known which comments have an end.
   void finish();
+  // After finish: the line in which the comment around the place begins, the innermost one with an end; 0 for none.
   unsigned int beginAround(std::size_t place) const { return comments[place].line; }
 
  private:
   struct Comment {
     unsigned int line = 0;
-    std::size_t outer = 0;
+    std::size_t outer = 0;  // its place
     bool hasEnd = true;
   };
 
   void begin(unsigned int number);
   void end();
 
-  std::vector<Comment> comments = {{}};  // in the order of their beginnings; the first one stands for the outside
+  std::vector<Comment> comments = {{}};  // by place, in the order in which they begin
   std::size_t innermost = 0;
 };

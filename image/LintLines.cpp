@@ -29,7 +29,7 @@ void LineLinter::take(const String& raw)
   }
   const KeywordRow* row = FindKeyword(line.label);
   if (statement.isComment() != 0) {
-    // Nothing but what may follow it.
+    // Says nothing, but for what follows it.
   } else if (statement.isStmt() == 0) {
     noStatement(line);
   } else if (row != nullptr) {
@@ -57,20 +57,21 @@ std::vector<Finding> LineLinter::finish()
 void LineLinter::lintFile()
 {
   const std::string_view text = View(beginning);
-  number = text.starts_with(byteOrderMark) ? 1 : 0;
+  number = 0;
   const char* fault = LooksLikeUtf16(text) ? "is UTF-16" : LooksLikeBinary(text);
   if (fault != nullptr) {
     // The lines of such a file say nothing, unless there are statements that the tool takes.
     if (given.empty()) found.clear();
     add(LooksLikeUtf16(text) ? Rule("utf-16") : Rule("not-text"), fault);
-  } else if (number == 1) {
+  } else if (text.starts_with(byteOrderMark)) {
+    number = 1;
     add(Rule("byte-order-mark"), "begins with a byte order mark, which makes the first line no statement");
   }
 }
 
 void LineLinter::afterComment(std::string_view text)
 {
-  const SPASourceStmt rest(Part(text));
+  const SPASourceStmt rest(Part(text.substr(0, looksLikeLength)));
   if (rest.isStmt() == 0) return;
   const KeywordRow* row = FindKeyword(rest.getLabel());
   if (row == nullptr) return;
@@ -82,7 +83,8 @@ void LineLinter::noStatement(const Line& line)
 {
   if (number == 1 && View(line.squeezed).starts_with(byteOrderMark)) return;
   const KeywordRow* row = FindKeywordBefore(line.squeezed);
-  std::string message = fmt::format("{} is no statement and is skipped", Quoted(Part(Trimmed(View(line.raw)))));
+  const std::string_view text = Trimmed(View(line.raw)).substr(0, looksLikeLength);
+  std::string message = fmt::format("{} is no statement and is skipped", Quoted(Part(text)));
   if (row != nullptr) message += fmt::format("; did you mean :{}?", row->keyword);
   addOutside(Rule("not-a-statement"), message, row != nullptr ? row->keyword : "");
 }

@@ -37,12 +37,12 @@ class LineLinter {
     bool broken;  // by a carriage return
   };
 
-  // Whether a finding counts anywhere, or on one side only of the comments of several lines.
+  // Where a finding counts. Whether a line is in a comment of several lines is known when all lines are.
   enum class Counts { anywhere, inComment, outside };
   struct Found {
     Finding finding;
     Counts counts;
-    std::size_t place;
+    std::size_t place;  // among the comments
   };
 
   void noStatement(const Line& line);
@@ -66,5 +66,5 @@ class LineLinter {
   String beginning;  // of the file, as far as it is looked at whole
 
   LongComments comments;
-  std::vector<Found> found;  // where the comments end is known after the last line
+  std::vector<Found> found;
 };
