@@ -60,7 +60,7 @@ void LintRun(const Inputs& inputs, const Kelvra& run, Findings& findings)
   const SourceKind& kind = SourceKindOf(extension.toUpper());
   const LintedSources sources = LintSources(run, kind, findings);
   LintValues(sources, lid ? lid->number : std::nullopt, !kind.readAlone, findings);
-  if (!lid || !lid->usable) return;
+  if (!lid) return;
   std::vector<SourceFile> files = {sources.main.file};
   if (sources.vpdinfo) files.push_back(sources.vpdinfo->file);
   LintOutput(run, lid->stream, files, findings);

@@ -32,7 +32,11 @@ bool IsWhole(LintedLid& lid)
 
 std::string Fault(const Kelvra& run, const LintedLid& lid, int code)
 {
-  if (lid.stream.failure()) return lid.stream.status().valid() ? "cannot be read" : OpenFault(run.lidFile);
+  const FileStatus& status = lid.stream.status();
+  if (lid.stream.failure()) {
+    const bool isOpen = status.valid() && !status.isDirectory();
+    return isOpen ? "cannot be read" + ReadError(run.lidFile) : OpenFault(run.lidFile);
+  }
   return code == lidNotRead ? "is too large" : "has a size that is not known, not true, or too large";
 }
 
@@ -69,16 +73,28 @@ void LintHeader(LintedLid& lid, Findings& findings)
                 .message = fmt::format("the LID header says {} bytes, the file has {}", length, size)});
 }
 
+// YYYYMMDDhhmm as a reader expects it.
+std::string DateText(const String& digits)
+{
+  const std::string text = ToText(digits);
+  return fmt::format("{}-{}-{} {}:{}", text.substr(0, 4), text.substr(4, 2), text.substr(6, 2), text.substr(8, 2),
+                     text.substr(10, 2));
+}
+
+std::string HeaderDate(const LintedLid& lid)
+{
+  return DateText(lid.beginning(offsetof(KESPHDR, lidDateTime), sizeof(KESPHDR::lidDateTime)).toHexString());
+}
+
 // A header's date that is none was changed into the one that was built.
 void LintDate(const LintedLid& lid, Findings& findings)
 {
-  const ByteString digits = lid.beginning(offsetof(KESPHDR, lidDateTime), sizeof(KESPHDR::lidDateTime));
-  const std::string given = ToText(digits.toHexString());
-  const std::string taken = ToText((lid.built.date + lid.built.time)(0, 2 * sizeof(KESPHDR::lidDateTime)));
+  const std::string given = HeaderDate(lid);
+  const std::string taken = DateText(lid.built.date + lid.built.time);
   if (given == taken) return;
   findings.add({.file = lid.name,
                 .rule = &Rule("lid-date"),
-                .message = fmt::format("the LID header's date {} is none and becomes {}", given, taken)});
+                .message = fmt::format("the LID header's date {} does not exist and becomes {}", given, taken)});
 }
 
 void LintStamp(const LintedLid& lid, Findings& findings)
@@ -91,13 +107,17 @@ void LintStamp(const LintedLid& lid, Findings& findings)
                                        seconds, Low32(static_cast<unsigned long>(seconds)))});
 }
 
+boolean HasHeaderDate(const LintedLid& lid) { return HoldsBuildTime(KespHeader(LidHeader(lid))); }
+
 boolean HasNoText(const BuildTime& built) { return built.date.empty() || built.time.empty(); }
 
 void AddNoBuildTime(const LintedLid& lid, int code, Findings& findings)
 {
+  const std::string given = HasHeaderDate(lid) ? "LID header's date is " + HeaderDate(lid)
+                                               : fmt::format("build time is {} seconds since 1970", lid.built.seconds);
   findings.add({.file = lid.name,
                 .rule = &Rule("no-build-time"),
-                .message = "the build time's year is outside 1000 to 9999",
+                .message = fmt::format("the {}: the build's year is outside 1000 to 9999", given),
                 .code = code});
 }
 
@@ -122,14 +142,13 @@ void LintLid(const Kelvra& run, LintedLid& lid, Findings& findings)
 
 void LintBuildTime(const Kelvra& run, const LintedLid& lid, Findings& findings)
 {
-  const boolean hasHeader = HoldsBuildTime(KespHeader(LidHeader(lid)));
   if (HasNoText(lid.built)) return;
   if (const int code = Morvik().morvikParse("-", lid.built.date, lid.built.time)) {
     return AddNoBuildTime(lid, code, findings);
   }
-  if (hasHeader) LintDate(lid, findings);
+  if (HasHeaderDate(lid)) LintDate(lid, findings);
   LintStamp(lid, findings);
-  if (!hasHeader && !run.buildTime) {
+  if (!HasHeaderDate(lid) && !run.buildTime) {
     findings.add({.file = lid.name,
                   .rule = &Rule("no-lid-header"),
                   .message = "has no LID header: the build time is the file's modification time"});

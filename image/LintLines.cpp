@@ -3,59 +3,16 @@
 #include <fmt/format.h>
 
 #include "image/KeywordSearch.h"
+#include "image/LintRawLine.h"
 #include "image/LooksLike.h"
 #include "source/SPASourceProgram.h"
 #include "source/SPASourceStmt.h"
 
 namespace {
 
-constexpr std::string_view whiteSpace = " \t\n\v\f\r";
-constexpr std::string_view marks = ":*!";
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
-String Part(std::string_view text) { return String(text.data(), static_cast<unsigned int>(text.size())); }
-
 bool IsFalseMark(char ch) { return ch == '*' || ch == '!'; }
-
-// Whether a carriage return stands before the last character that is no white space.
-bool HoldsCarriageReturn(const String& raw)
-{
-  const std::string_view line = View(raw);
-  return line.substr(0, line.find_last_not_of(whiteSpace) + 1).find('\r') != std::string_view::npos;
-}
-
-// Whether the line's mark is followed by white space, as it is in a sentence.
-bool HasBlankAfterMark(const String& raw)
-{
-  const std::string_view line = View(raw);
-  const std::size_t mark = line.find_first_of(marks);
-  const std::size_t next = line.find_first_not_of(marks, mark);
-  return next != std::string_view::npos && whiteSpace.find(line[next]) != std::string_view::npos;
-}
-
-// The line's value with its white space, but none around it.
-std::string_view RawValue(const String& raw)
-{
-  std::string_view value = View(raw);
-  value.remove_prefix(std::min(value.find('.'), value.size()));
-  value.remove_prefix(std::min(value.find_first_not_of(". \t\n\v\f\r"), value.size()));
-  return value.substr(0, value.find_last_not_of(whiteSpace) + 1);
-}
-
-// The keyword of a statement, with its period, that begins inside the value; or null.
-const KeywordRow* FindStatementIn(const String& value)
-{
-  const std::string_view text = View(value).substr(0, looksLikeLength);
-  for (std::size_t i = text.find_first_of(marks); i < text.size(); i = text.find_first_of(marks, i + 1)) {
-    const std::string_view rest = text.substr(i + 1);
-    for (const KeywordRow& row : KeywordRows()) {
-      if (rest.starts_with(row.keyword) && rest.substr(std::string_view(row.keyword).size()).starts_with('.')) {
-        return &row;
-      }
-    }
-  }
-  return nullptr;
-}
 
 }  // namespace
 
@@ -70,73 +27,64 @@ void LineLinter::take(const String& raw)
   if (line.broken) {
     add(Rule("carriage-return"), "a carriage return alone ends no line; what follows belongs to this line");
   }
-  if (statement.isComment() != 0) return comment(squeezed);
   const KeywordRow* row = FindKeyword(line.label);
-  if (statement.isStmt() == 0) {
-    noStatement(squeezed);
+  if (statement.isComment() != 0) {
+    // Says nothing, but for what follows it.
+  } else if (statement.isStmt() == 0) {
+    noStatement(line);
   } else if (row != nullptr) {
     known(*row, line);
   } else {
     unknown(line);
   }
-  const std::string_view text = View(squeezed);
-  const std::size_t end = text.find("*)");
-  if (commentBegin == 0 || end >= text.find("(*")) return;  // two that are not found are equal
-  closeComment(true);
-  afterComment(text.substr(end + 2));
+  afterComment(comments.take(number, View(squeezed)));
 }
 
-void LineLinter::finish()
+std::vector<Finding> LineLinter::finish()
 {
-  closeComment(false);
+  comments.finish();
+  lintFile();
+  std::vector<Finding> findings;
+  for (auto& [finding, counts, place] : found) {
+    const unsigned int begin = comments.beginAround(place);
+    if (counts == (begin != 0 ? Counts::outside : Counts::inComment)) continue;
+    if (counts == Counts::inComment) finding.message += fmt::format(" that begins in line {}", begin);
+    findings.push_back(std::move(finding));
+  }
+  return findings;
+}
+
+void LineLinter::lintFile()
+{
   const std::string_view text = View(beginning);
   number = 0;
   const char* fault = LooksLikeUtf16(text) ? "is UTF-16" : LooksLikeBinary(text);
-  if (fault == nullptr) {
-    if (!text.starts_with(byteOrderMark)) return;
+  if (fault != nullptr) {
+    // The lines of such a file say nothing, unless there are statements that the tool takes.
+    if (given.empty()) found.clear();
+    add(LooksLikeUtf16(text) ? Rule("utf-16") : Rule("not-text"), fault);
+  } else if (text.starts_with(byteOrderMark)) {
     number = 1;
-    return add(Rule("byte-order-mark"), "begins with a byte order mark, which makes the first line no statement");
-  }
-  // Of such a file the lines say nothing.
-  findings.clear();
-  add(LooksLikeUtf16(text) ? Rule("utf-16") : Rule("not-text"), fault);
-}
-
-void LineLinter::comment(const String& squeezed)
-{
-  closeComment(false);
-  const std::size_t end = View(squeezed).find("*)", 2);
-  if (end == std::string_view::npos) {
-    commentBegin = number;
-  } else {
-    afterComment(View(squeezed).substr(end + 2));
+    add(Rule("byte-order-mark"), "begins with a byte order mark, which makes the first line no statement");
   }
 }
 
 void LineLinter::afterComment(std::string_view text)
 {
-  const SPASourceStmt rest(Part(text));
+  const SPASourceStmt rest(Part(text.substr(0, looksLikeLength)));
   if (rest.isStmt() == 0) return;
   const KeywordRow* row = FindKeyword(rest.getLabel());
   if (row == nullptr) return;
-  add(Rule("statement-after-comment"), fmt::format("{} after a comment in the same line is skipped", row->keyword),
-      row->keyword);
+  addOutside(Rule("statement-after-comment"),
+             fmt::format("{} after a comment in the same line is skipped", row->keyword), row->keyword);
 }
 
-void LineLinter::closeComment(bool closed)
+void LineLinter::noStatement(const Line& line)
 {
-  std::vector<Finding>& found = closed ? foundInside : foundOutside;
-  findings.insert(findings.end(), std::make_move_iterator(found.begin()), std::make_move_iterator(found.end()));
-  foundInside.clear();
-  foundOutside.clear();
-  commentBegin = 0;
-}
-
-void LineLinter::noStatement(const String& squeezed)
-{
-  if (number == 1 && View(squeezed).starts_with(byteOrderMark)) return;
-  const KeywordRow* row = FindKeywordBefore(squeezed);
-  std::string message = fmt::format("{} is no statement and is skipped", Quoted(squeezed));
+  if (number == 1 && View(line.squeezed).starts_with(byteOrderMark)) return;
+  const KeywordRow* row = FindKeywordBefore(line.squeezed);
+  const std::string_view text = Trimmed(View(line.raw)).substr(0, looksLikeLength);
+  std::string message = fmt::format("{} is no statement and is skipped", Quoted(Part(text)));
   if (row != nullptr) message += fmt::format("; did you mean :{}?", row->keyword);
   addOutside(Rule("not-a-statement"), message, row != nullptr ? row->keyword : "");
 }
@@ -149,11 +97,7 @@ void LineLinter::known(const KeywordRow& row, const Line& line)
     return addOutside(Rule("not-for-vpdinfo"), fmt::format("{} is not taken from a VPDINFO source", keyword), keyword);
   }
   const char mark = line.squeezed[0];
-  if (commentBegin != 0) {
-    foundInside.push_back(at(Rule("live-in-comment"),
-                             fmt::format("{} is set inside the comment that begins in line {}", keyword, commentBegin),
-                             keyword));
-  }
+  add(Counts::inComment, Rule("live-in-comment"), fmt::format("{} is set inside the comment", keyword), keyword);
   if (IsFalseMark(mark) && HasBlankAfterMark(line.raw)) {
     addOutside(Rule("comment-like"), fmt::format("{} begins no comment: {} is set", mark, keyword), keyword);
   } else if (IsFalseMark(mark)) {
@@ -174,12 +118,13 @@ void LineLinter::known(const KeywordRow& row, const Line& line)
 
 bool LineLinter::lintSecond(const Line& line)
 {
-  const KeywordRow* second = FindStatementIn(line.value);
-  if (second == nullptr) return false;
+  const auto second = FindSecond(line.raw);
+  if (!second) return false;
   if (!line.broken) {
     addOutside(Rule("two-statements"),
-               fmt::format("{} in the same line is part of the value of {}", second->keyword, Shortened(line.label)),
-               second->keyword);
+               fmt::format("{} in the same line is part of the {} {}", second->keyword,
+                           second->isInLabel ? "keyword" : "value of", Shortened(line.label)),
+               second->row.keyword);
   }
   return true;
 }
@@ -188,7 +133,7 @@ void LineLinter::knownText(const KeywordRow& row, const Line& line)
 {
   const char* keyword = row.keyword;
   const bool holdsStatement = lintSecond(line);
-  const bool isCommented = View(line.value).find("(*") != std::string_view::npos;
+  const bool isCommented = HoldsCommentSign(View(line.value));
   if (isCommented) {
     add(Rule("comment-in-value"),
         fmt::format("the comment is part of the value: {} is {}", keyword, Quoted(line.value)), keyword);
@@ -206,22 +151,31 @@ void LineLinter::knownText(const KeywordRow& row, const Line& line)
 
 void LineLinter::unknown(const Line& line)
 {
+  const String upper = InUpper(line.label);
   const char mark = line.squeezed[0];
-  const bool hasPeriod = View(line.squeezed).find('.') != std::string_view::npos;
-  String upper = line.label;
-  upper.toUpper();
-  const KeywordRow* sameInUpper = FindKeyword(upper);
+  const bool means = FindKeywordBefore(upper) != nullptr || NearestKeyword(line.label) != nullptr;
+  if (const KeywordRow* row = FindKeyword(upper)) {
+    addOutside(
+        Rule("keyword-case"),
+        fmt::format("{} is not in upper case and is skipped; did you mean {}?", Shortened(line.label), row->keyword),
+        row->keyword);
+  } else if (View(line.squeezed).starts_with("*)")) {
+    return addOutside(Rule("comment-like"), "*) ends no comment but begins a statement, which has no effect");
+  } else if (IsFalseMark(mark) && (HasBlankAfterMark(line.raw) || !means)) {
+    return addOutside(Rule("comment-like"),
+                      fmt::format("{} begins no comment but a statement, which has no effect", mark));
+  } else if (const auto second = FindSecond(line.raw); !second || !second->isInLabel) {
+    unknownLabel(line, upper);
+  }
+  lintSecond(line);
+}
+
+void LineLinter::unknownLabel(const Line& line, const String& upper)
+{
   const KeywordRow* before = FindKeywordBefore(upper);
   const KeywordRow* nearest = NearestKeyword(line.label);
   const std::string label = Shortened(line.label);
-
-  if (sameInUpper != nullptr) {
-    addOutside(Rule("keyword-case"),
-               fmt::format("{} is not in upper case and is skipped; did you mean {}?", label, sameInUpper->keyword),
-               sameInUpper->keyword);
-  } else if (IsFalseMark(mark) && (HasBlankAfterMark(line.raw) || (nearest == nullptr && before == nullptr))) {
-    addOutside(Rule("comment-like"), fmt::format("{} begins no comment but a statement, which has no effect", mark));
-  } else if (!hasPeriod) {
+  if (View(line.squeezed).find('.') == std::string_view::npos) {
     std::string message = "the statement has no period and no effect";
     const KeywordRow* meant = before != nullptr ? before : nearest;
     if (meant != nullptr) message += fmt::format("; did you mean :{}.?", meant->keyword);
@@ -234,20 +188,22 @@ void LineLinter::unknown(const Line& line)
   } else {
     addOutside(Rule("unknown-keyword"), fmt::format("unknown keyword {}", label));
   }
-  lintSecond(line);
-}
-
-Finding LineLinter::at(const LintRule& rule, const std::string& message, const char* keyword) const
-{
-  return {.file = file, .line = number, .rule = &rule, .message = message, .keyword = keyword};
 }
 
 void LineLinter::add(const LintRule& rule, const std::string& message, const char* keyword)
 {
-  findings.push_back(at(rule, message, keyword));
+  add(Counts::anywhere, rule, message, keyword);
 }
 
 void LineLinter::addOutside(const LintRule& rule, const std::string& message, const char* keyword)
 {
-  (commentBegin != 0 ? foundOutside : findings).push_back(at(rule, message, keyword));
+  add(Counts::outside, rule, message, keyword);
+}
+
+void LineLinter::add(Counts counts, const LintRule& rule, const std::string& message, const char* keyword)
+{
+  if (counts == Counts::inComment && comments.place() == 0) return;
+  found.push_back({{.file = file, .line = number, .rule = &rule, .message = message, .keyword = keyword},
+                   counts,
+                   comments.place()});
 }

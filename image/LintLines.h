@@ -4,6 +4,7 @@
 #include <map>
 
 #include "builder/Keywords.h"
+#include "image/LintComments.h"
 #include "image/LintRules.h"
 
 // The last statement with a keyword.
@@ -22,11 +23,10 @@ class LineLinter {
 
   // Takes the next line.
   void take(const String& raw);
-  // After the last line.
-  void finish();
+  // After the last line: all that was found.
+  std::vector<Finding> finish();
 
   GivenValues given;
-  std::vector<Finding> findings;
 
  private:
   struct Line {
@@ -37,28 +37,34 @@ class LineLinter {
     bool broken;  // by a carriage return
   };
 
-  void comment(const String& squeezed);
-  void noStatement(const String& squeezed);
+  // Where a finding counts. Whether a line is in a comment of several lines is known when all lines are.
+  enum class Counts { anywhere, inComment, outside };
+  struct Found {
+    Finding finding;
+    Counts counts;
+    std::size_t place;  // among the comments
+  };
+
+  void noStatement(const Line& line);
   void known(const KeywordRow& row, const Line& line);
   void knownText(const KeywordRow& row, const Line& line);
   void unknown(const Line& line);
-  // Whether a second statement stands in the value.
+  // Of a label that is no keyword in upper case either.
+  void unknownLabel(const Line& line, const String& upper);
+  // Whether a second statement stands in the line.
   bool lintSecond(const Line& line);
   void afterComment(std::string_view text);
-  void closeComment(bool closed);
+  void lintFile();
 
-  Finding at(const LintRule& rule, const std::string& message, const char* keyword = "") const;
   void add(const LintRule& rule, const std::string& message, const char* keyword = "");
-  // For a line that may be in a comment: found when the comment turns out to end nowhere, or to end later.
   void addOutside(const LintRule& rule, const std::string& message, const char* keyword = "");
+  void add(Counts counts, const LintRule& rule, const std::string& message, const char* keyword);
 
   const std::string file;
   const bool restricted;
   unsigned int number = 0;
   String beginning;  // of the file, as far as it is looked at whole
 
-  // A comment of several lines is one that a later line ends. Until then what is found in its lines is kept twice.
-  unsigned int commentBegin = 0;  // its line; 0 outside
-  std::vector<Finding> foundInside;
-  std::vector<Finding> foundOutside;
+  LongComments comments;
+  std::vector<Found> found;
 };

@@ -28,6 +28,17 @@ int WriteError(const FileName& output, const FileStatus& status)
   return result == 0 ? 0 : errno;
 }
 
+// Whether the output is a file that the tool keeps. The tool compares with a LID that is open; in place of another one
+// stands an open source, since its name is compared anyway.
+bool IsInput(const FileStatus& output, const Kelvra& run, const ReadFileStream& lid,
+             const std::vector<SourceFile>& sources)
+{
+  if (!output.valid()) return false;
+  if (lid.statusNow().valid()) return IsKept(output, run, lid, sources);
+  const auto source = std::ranges::find_if(sources, [](const SourceFile& s) { return s.opened.isRegular(); });
+  return source != sources.end() && IsKept(output, run, ReadFileStream(source->name, std::ios_base::in), sources);
+}
+
 // A zone given by its rule: a name of letters, or of any characters in <>, and the distance from UTC.
 bool IsRule(std::string_view zone)
 {
@@ -94,7 +105,7 @@ void LintOutput(const Kelvra& run, const ReadFileStream& lid, const std::vector<
                   .rule = &Rule("unwritable-output"),
                   .message = fmt::format("cannot be opened for writing: {}", std::strerror(error)),
                   .code = outputNotWritten});
-  } else if (status.valid() && IsKept(status, run, lid, sources)) {
+  } else if (IsInput(status, run, lid, sources)) {
     findings.add({.file = name,
                   .rule = &Rule("output-is-input"),
                   .message = "is the output and one of the inputs",

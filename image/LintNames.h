@@ -10,7 +10,7 @@
 void LintProbing(const std::string& given, const FileName& taken, const char* extension, Findings& findings);
 // The main source's, which must have a base name.
 void LintSourceName(const FileName& source, Findings& findings);
-// Nothing is written. The LID was opened.
+// Nothing is written.
 void LintOutput(const Kelvra& run, const ReadFileStream& lid, const std::vector<SourceFile>& sources,
                 Findings& findings);
 void LintTimeZone(Findings& findings);

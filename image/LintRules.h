@@ -36,7 +36,7 @@ inline constexpr LintRule lintRules[] = {
     {"statement-after-comment", Severity::warning, "a statement after a comment in the same line is skipped"},
     {"comment-like", Severity::warning, "a line that begins with * or ! reads like a comment and is a statement"},
     {"comment-in-value", Severity::warning, "a comment after a value becomes part of the value"},
-    {"two-statements", Severity::warning, "a second statement in a line becomes part of the first one's value"},
+    {"two-statements", Severity::warning, "a second statement in a line becomes part of the first one"},
     {"white-space", Severity::warning, "white space is dropped from a text"},
     {"leading-periods", Severity::warning, "periods at the beginning of a value are dropped"},
     {"repeated-keyword", Severity::warning, "a keyword is given twice in a source; the last value counts"},

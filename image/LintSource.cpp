@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "foundation/FileStreams.h"
+#include "image/InputFile.h"
 #include "source/SPASourceProgram.h"
 
 namespace {
@@ -42,15 +43,15 @@ LintedSource LintSource(const FileName& file, const ReportedSource* reported, bo
   }
   LineLinter lines(source.name, restricted);
   const bool failed = ReadLines(stream, [&](const String& line) { lines.take(line); }) != 0;
-  lines.finish();
+  std::vector<Finding> found = lines.finish();
   if (failed) {
     AddFault(source, reported,
-             {Rule("unreadable-source"), &ReportedSource::readError, "cannot be read to its end",
+             {Rule("unreadable-source"), &ReportedSource::readError, "cannot be read to its end" + ReadError(file),
               ", and silently counts as far as it was read"},
              findings);
   }
   source.given = std::move(lines.given);
-  findings.add(std::move(lines.findings));
+  findings.add(std::move(found));
   return source;
 }
 
@@ -60,4 +61,13 @@ std::string OpenFault(const FileName& file)
   int error = ENOENT;
   if (!HoldsNul(name)) error = ::access(name, R_OK) != 0 ? errno : EISDIR;
   return std::string("cannot be opened: ") + std::strerror(error);
+}
+
+std::string ReadError(const FileName& file)
+{
+  InputFile input(ToText(file.getSource()));
+  unsigned char first[1];
+  if (!input.reason()) input.read(0, first);
+  const int error = input.reason() ? input.reason()->error : 0;
+  return error != 0 ? std::string(": ") + std::strerror(error) : "";
 }

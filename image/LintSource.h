@@ -16,3 +16,5 @@ LintedSource LintSource(const FileName& file, const ReportedSource* reported, bo
 
 // Of a file that did not open for reading: that, and why, in the system's words.
 std::string OpenFault(const FileName& file);
+// The system's words, after a colon, for a file that opened and cannot be read; empty when there are none.
+std::string ReadError(const FileName& file);

@@ -233,7 +233,7 @@ void ValueLinter::lintLoadId(const Value& value) const
   }
   if (lidNumber && !loadId.equal(*lidNumber)) {
     add(value, Rule("other-load-id"),
-        fmt::format("{} is {}, and the LID header's number {}", value.row.keyword, kept,
+        fmt::format("{} is {}, but the LID header's number is {}", value.row.keyword, kept,
                     ToText(lidNumber->toHexString())));
   }
 }

@@ -1,12 +1,10 @@
 #include "image/LooksLike.h"
 
 #include <algorithm>
-#include <cctype>
 
 #include "headers/FileHdr.h"
 #include "headers/KespHeader.h"
 #include "image/KeywordSearch.h"
-#include "image/Utf8.h"
 #include "source/SPASourceStmt.h"
 
 namespace {
@@ -25,18 +23,14 @@ unsigned short ImageMagicNumber()
   return header.getMagicNumber();
 }
 
-bool IsText(char ch) { return std::isprint(static_cast<unsigned char>(ch)) != 0 || (ch >= '\t' && ch <= '\r'); }
+bool IsControl(char ch) { return (ch >= 0 && ch < ' ' && (ch < '\t' || ch > '\r')) || ch == 0x7F; }
 
-// Whether bytes that no text has are more than one in ten.
-bool HoldsManyOddBytes(std::string_view bytes)
+// Whether there are more control characters than a text has. What its other bytes mean, its encoding decides.
+bool HoldsManyControls(std::string_view bytes)
 {
-  std::size_t odd = 0;
-  for (std::size_t i = 0; i < bytes.size();) {
-    const std::size_t length = Utf8Length(bytes.substr(i));
-    if (length == 0 || (length == 1 && !IsText(bytes[i]))) odd++;
-    i += std::max<std::size_t>(length, 1);
-  }
-  return 10 * odd > bytes.size();
+  constexpr std::size_t few = 3;
+  const auto controls = static_cast<std::size_t>(std::ranges::count_if(bytes, IsControl));
+  return controls > few && 20 * controls > bytes.size();
 }
 
 }  // namespace
@@ -75,8 +69,5 @@ const char* LooksLikeBinary(std::string_view beginning)
 {
   if (LooksLikeImage(beginning)) return "is an image, not a source; are the options swapped?";
   if (LooksLikeLid(beginning)) return "is a LID, not a source; are the options swapped?";
-  if (beginning.find('\0') != std::string_view::npos || HoldsManyOddBytes(beginning)) {
-    return "does not read like a text; are the options swapped?";
-  }
-  return nullptr;
+  return HoldsManyControls(beginning) ? "does not read like a text; are the options swapped?" : nullptr;
 }

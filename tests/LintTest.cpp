@@ -81,20 +81,34 @@ const Row lineRows[] = {
     {"part.lidhdr", ":RUFLASH=Y\n:RUFLASH Y",
      "part.lidhdr:1: warning: the statement has no period and no effect; did you mean :RUFLASH.? [no-period]\n"
      "part.lidhdr:2: warning: the statement has no period and no effect; did you mean :RUFLASH.? [no-period]\n"},
-    {"part.lidhdr", "\xEF\xBB\xBF:RUFLASH.Y",
+    {"part.lidhdr", "\xEF\xBB\xBF(* a\n:RUFLASH.Y\nb *)",
      "part.lidhdr:1: warning: begins with a byte order mark, which makes the first line no statement "
-     "[byte-order-mark]\n"},
+     "[byte-order-mark]\n"
+     "part.lidhdr:2: warning: RUFLASH is set inside the comment that begins in line 1 [live-in-comment]\n"},
     {"part.lidhdr", "\xFF\xFE:\0A\0\n\0"s, "part.lidhdr: warning: is UTF-16 [utf-16]\n"},
     {"part.lidhdr", ":\0R\0U\0"s, "part.lidhdr: warning: is UTF-16 [utf-16]\n"},
-    {"part.lidhdr", "\x81\x82\x83\xFF\n",
+    {"part.lidhdr", "\1\2\3\4\n",
      "part.lidhdr: warning: does not read like a text; are the options swapped? [not-text]\n"},
+    {"part.lidhdr", "(* Ger\xE4t f\xFCr M\xFCller *)\n:RUNAME.A\n", ""},
+    {"part.lidhdr", ":RUFLASH.X\n\0"s,
+     "part.lidhdr:1: warning: RUFLASH ignores \"X\"; it is Y or N [ignored-value]\n"
+     "part.lidhdr:2: warning: \"\\x00\" is no statement and is skipped [not-a-statement]\n"},
+    {"part.lidhdr", ":RUFLASH.X\n\0\0\0\0"s,
+     "part.lidhdr: warning: does not read like a text; are the options swapped? [not-text]\n"
+     "part.lidhdr:1: warning: RUFLASH ignores \"X\"; it is Y or N [ignored-value]\n"
+     "part.lidhdr:2: warning: \"\\x00\\x00\\x00\\x00\" is no statement and is skipped [not-a-statement]\n"},
     {"part.lidhdr", Lid(), "part.lidhdr: warning: is a LID, not a source; are the options swapped? [not-text]\n"},
-    {"part.lidhdr", ":FARAWAY.Y !LLFLAG.N",
-     "part.lidhdr:1: warning: unknown keyword FARAWAY [unknown-keyword]\n"
-     "part.lidhdr:1: warning: LLFLAG in the same line is part of the value of FARAWAY [two-statements]\n"},
     {"part.lidhdr", ":RUFLASH.Y :LLFLAG.N",
      "part.lidhdr:1: warning: LLFLAG in the same line is part of the value of RUFLASH [two-statements]\n"
      "part.lidhdr:1: warning: RUFLASH ignores \"Y:LLFLAG.N\"; it is Y or N [ignored-value]\n"},
+    {"part.lidhdr", ":RUNAME :RUFLASH.Y\n:FARAWAY.A !rudest.X\n:FARAWAY.A :RUFLSH=Y\n:FARAWAY.A *RUFLASH Y",
+     "part.lidhdr:1: warning: RUFLASH in the same line is part of the keyword RUNAME:RUFLASH [two-statements]\n"
+     "part.lidhdr:2: warning: unknown keyword FARAWAY [unknown-keyword]\n"
+     "part.lidhdr:2: warning: rudest in the same line is part of the value of FARAWAY [two-statements]\n"
+     "part.lidhdr:3: warning: unknown keyword FARAWAY [unknown-keyword]\n"
+     "part.lidhdr:3: warning: RUFLSH in the same line is part of the value of FARAWAY [two-statements]\n"
+     "part.lidhdr:4: warning: unknown keyword FARAWAY [unknown-keyword]\n"
+     "part.lidhdr:4: warning: RUFLASH in the same line is part of the value of FARAWAY [two-statements]\n"},
     {"part.lidhdr", ":DEVLABID.A\r \r\n(* a *)\r:RUFLASH.Y\r",
      "part.lidhdr:2: warning: a carriage return alone ends no line; what follows belongs to this line "
      "[carriage-return]\n"
@@ -102,6 +116,15 @@ const Row lineRows[] = {
     {"part.lidhdr", "(* This text\n goes on:\n:RUFLASH.Y\n* more\n*)\nend",
      "part.lidhdr:3: warning: RUFLASH is set inside the comment that begins in line 1 [live-in-comment]\n"
      "part.lidhdr:6: warning: \"end\" is no statement and is skipped [not-a-statement]\n"},
+    {"part.lidhdr", "(* not for now:\n:RUFLASH.Y\n(* the destination *)\n:RUDEST.NUC1\n*)\n*)",
+     "part.lidhdr:2: warning: RUFLASH is set inside the comment that begins in line 1 [live-in-comment]\n"
+     "part.lidhdr:4: warning: RUDEST is set inside the comment that begins in line 1 [live-in-comment]\n"
+     "part.lidhdr:6: warning: *) ends no comment but begins a statement, which has no effect [comment-like]\n"},
+    {"part.lidhdr", ":RUDEST.NUC1 (* a\nb *) (* c *) (* d\n:RUFLASH.Y\n*) :RUNAME.A",
+     "part.lidhdr:1: error: RUDEST does not take \"NUC1(*a\" (code 39) [refused-value]\n"
+     "part.lidhdr:1: warning: the comment is part of the value: RUDEST is \"NUC1(*a\" [comment-in-value]\n"
+     "part.lidhdr:3: warning: RUFLASH is set inside the comment that begins in line 2 [live-in-comment]\n"
+     "part.lidhdr:4: warning: RUNAME after a comment in the same line is skipped [statement-after-comment]\n"},
     {"part.lidhdr", "(* not ended\n:RUFLASH.Y (* a *)\n(* other *)",
      "part.lidhdr:2: warning: the comment is part of the value: RUFLASH is \"Y(*a*)\" [comment-in-value]\n"
      "part.lidhdr:2: warning: RUFLASH ignores \"Y(*a*)\"; it is Y or N [ignored-value]\n"},
@@ -133,7 +156,7 @@ const Row lineRows[] = {
     {"part.lidhdr", ":RULOADID.81E001421",
      "part.lidhdr:1: warning: RULOADID has 9 digits and gets a 0 in front: 081e0014 [odd-load-id]\n"
      "part.lidhdr:1: warning: RULOADID has 9 digits, of which 8 count: 081e0014 [long-load-id]\n"
-     "part.lidhdr:1: warning: RULOADID is 081e0014, and the LID header's number 81e00142 [other-load-id]\n"},
+     "part.lidhdr:1: warning: RULOADID is 081e0014, but the LID header's number is 81e00142 [other-load-id]\n"},
     {"part.lidhdr", ":VPDINFONM.x/../../qel",
      "x/../../qel.vpdinfo: error: cannot be opened: No such file or directory (code 60) [missing-source]\n"
      "part.lidhdr:1: warning: VPDINFONM leads out of the source's folder: \"x/../../qel.vpdinfo\" [vpdinfo-path]\n"},
@@ -166,17 +189,25 @@ const Row fileRows[] = {
      "part.kesp: warning: reads like a source; are the options swapped? [source-as-lid]\n" + kNoHeader},
     {"part.kesp", "text", "", {.lid = "part.kesp", .timestamp = 0}},
     {"part.kesp", Lid("202602300000"),
-     "part.kesp: warning: the LID header's date 202602300000 is none and becomes 202603020000 [lid-date]\n"},
+     "part.kesp: warning: the LID header's date 2026-02-30 00:00 does not exist and becomes 2026-03-02 00:00 "
+     "[lid-date]\n"},
     {"part.kesp", Lid("210602070629"),
      "part.kesp: warning: the build time, 4294967340 seconds since 1970, does not fit in 32 bits and becomes 44 "
      "[build-stamp]\n"},
     {"part.kesp", Lid("202603140926", "0000006b"),
      "part.kesp: warning: the LID header says 107 bytes, the file has 108 [lid-length]\n"},
     {"part.kesp", Lid("000000000000"),
-     "part.kesp: error: the build time's year is outside 1000 to 9999 (code 18) [no-build-time]\n"},
+     "part.kesp: error: the LID header's date is 0000-00-00 00:00: the build's year is outside 1000 to 9999 (code 18) "
+     "[no-build-time]\n"},
     {"part.kesp", "@/dev/zero",
      "part.kesp: error: has a size that is not known, not true, or too large (code 32) [unreadable-lid]\n"},
-    {"part.kesp", "@/proc/self/mem", "part.kesp: error: cannot be read (code 33) [unreadable-lid]\n"},
+    {"part.kesp", "@/proc/self/mem",
+     "part.kesp: error: cannot be read: Input/output error (code 33) [unreadable-lid]\n"},
+    {"part.kesp",
+     "@.",
+     "part.kesp: error: cannot be opened: Is a directory (code 33) [unreadable-lid]\n"
+     "part.lidhdr: error: is the output and one of the inputs (code 34) [output-is-input]\n",
+     {.lid = "part.kesp", .image = "part.lidhdr"}},
     {"part", Lid(), "part: warning: \"part.kesp\" is there too, and not taken [other-file]\n", {.lid = "part"}},
     {"part.txt",
      "",
@@ -190,7 +221,8 @@ const Row fileRows[] = {
     {"part.lidhdr", "@none",
      "part.lidhdr: error: cannot be opened: No such file or directory (code 50) [missing-source]\n"},
     {"qel.vpdinfo", "@.", "qel.vpdinfo: error: cannot be opened: Is a directory (code 60) [missing-source]\n"},
-    {"qel.vpdinfo", "@/proc/self/mem", "qel.vpdinfo: error: cannot be read to its end (code 61) [unreadable-source]\n"},
+    {"qel.vpdinfo", "@/proc/self/mem",
+     "qel.vpdinfo: error: cannot be read to its end: Input/output error (code 61) [unreadable-source]\n"},
     {".lidhdr",
      "",
      ".lidhdr: error: the name has no base name (code 17) [no-base-name]\n",
@@ -328,7 +360,7 @@ TEST(Lint, ErrorsStandInTheToolsOrder)
   fs::remove(kLong);
   EXPECT_EQ(codes()[0], 50);
   fs::remove("part.kesp");
-  EXPECT_EQ(codes(), (std::vector{33, 50}));
+  EXPECT_EQ(codes(), (std::vector{33, 50, 34}));
 }
 
 TEST(Lint, MessagesCannotSteerATerminal)
@@ -336,7 +368,7 @@ TEST(Lint, MessagesCannotSteerATerminal)
   const UnitFolder folder;
   folder.put("part.lidhdr", "\x1B[2J\xC2\x9B\xE2\x80\xAE \xC3\xA4 \xFF" + std::string(1000, 'x'));
   const std::string text = LintText({.lid = "part.kesp"});
-  EXPECT_EQ(text, "part.lidhdr:1: warning: \"\\x1B[2J\\xC2\\x9B\\xE2\\x80\\xAE\xC3\xA4\\xFF" + std::string(48, 'x') +
+  EXPECT_EQ(text, "part.lidhdr:1: warning: \"\\x1B[2J\\xC2\\x9B\\xE2\\x80\\xAE \xC3\xA4 \\xFF" + std::string(46, 'x') +
                       "...\" is no statement and is skipped [not-a-statement]\n");
 }
 
@@ -348,7 +380,7 @@ TEST(Lint, JsonHoldsTheSame)
             R"({"kelvraImage":1,"command":"lint","findings":[{"file":"part.lidhdr","line":1,"severity":"error",)"
             R"("rule":"refused-value","message":"RUDEST does not take \"\u0001\"","keyword":"RUDEST","code":39},)"
             R"({"file":"part.lidhdr","line":2,"severity":"warning","rule":"not-a-statement",)"
-            "\"message\":\"\\\"Theunit'sname\xEF\xBF\xBD\\\" is no statement and is skipped\"}]}\n");
+            "\"message\":\"\\\"The unit's name\xEF\xBF\xBD\\\" is no statement and is skipped\"}]}\n");
 }
 
 }  // namespace
