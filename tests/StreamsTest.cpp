@@ -52,8 +52,9 @@ TEST(ReadFileStreamTest, FilesOfEverySizeAreReadWholeAndAgainFromAnOffset)
     // What is buffered comes before what is read directly.
     stream.peekChar();
     bytes = ByteString(10000U, 0x00);
-    EXPECT_EQ(stream.readUpTo(bytes.getBytePointer(), 10000), size - part.length());
-    EXPECT_EQ(Hex(part + bytes(0, size - part.length())), Hex(content));
+    const unsigned int read = std::min(5000U, size - part.length());
+    EXPECT_EQ(stream.readUpTo(bytes.getBytePointer(), 5000), read);
+    EXPECT_EQ(Hex(part + bytes), Hex(content.substr(0, part.length() + read) + std::string(10000 - read, '\0')));
     EXPECT_FALSE(stream.failure());
   }
 }
