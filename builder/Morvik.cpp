@@ -107,8 +107,10 @@ FileName VpdinfoName(const FileName& ruvpdSource, const String& baseName)
 std::vector<FileName> Morvik::nameSources()
 {
   if (isProductInformation()) return {vpdinfoSource};
-  boolean restricted = false;
-  if (!givenVpdinfo.isValid()) openSource(ruvpdSource, restricted);
+  if (!givenVpdinfo.isValid()) {
+    boolean restricted = false;
+    openSource(ruvpdSource, restricted);
+  }
   return {ruvpdSource, vpdinfoName()};
 }
 

@@ -66,8 +66,7 @@ std::string OpenFault(const FileName& file)
 std::string ReadError(const FileName& file)
 {
   InputFile input(ToText(file.getSource()));
-  unsigned char first[1];
-  if (!input.reason()) input.read(0, first);
+  if (unsigned char first[1]; !input.reason()) input.read(0, first);
   const int error = input.reason() ? input.reason()->error : 0;
   return error != 0 ? std::string(": ") + std::strerror(error) : "";
 }

@@ -289,6 +289,18 @@ class ImageTest(unittest.TestCase):
         self.assertEqual(keywords - fields, {"VPDINFONM", "INSTRSET", "NUCSEQCTL"})
         self.assertEqual(fields - keywords, set())
 
+    def test_lint_and_deps_have_their_json(self):
+        self.assertEqual(self.json(0, "lint", *EXAMPLE)["findings"], [])
+        self.assertEqual(self.json(0, "deps", *EXAMPLE),
+                         {"kelvraImage": 1, "command": "deps", "output": "part.ruhx",
+                          "inputs": ["part.kesp", "part.lidhdr", "controller.vpdinfo"]})
+        with (self.path / "part.lidhdr").open("a") as source:
+            source.write(":RUDEST.IOPP\n:RUNMAE.X\n")
+        findings = self.json(1, "lint", *EXAMPLE)["findings"]
+        self.assertEqual([(f["rule"], f["line"], f.get("keyword"), f.get("code")) for f in findings],
+                         [("refused-value", 20, "RUDEST", 39), ("repeated-keyword", 20, "RUDEST", None),
+                          ("unknown-keyword", 21, "RUNAME", None)])
+
     def test_what_cannot_be_done(self):
         (self.path / "empty").touch()
         for words, reason in (
