@@ -31,11 +31,16 @@ TEST(BuilderTest, AGivenVpdinfoSourceIsReadAsOneAndMessagesCanBeKept)
   OptionTable().clear();
   Morvik builder;
   builder.setVpdinfoSource(FileName(ToString(given)));
-  const MessageCapture capture;
-  EXPECT_EQ(builder.morvikParse(source, "20240115", "235959"), 0);
-  EXPECT_EQ(builder.morvikExecute(), 0);
-  EXPECT_EQ(builder.morvikGetHeader()(92, 4).toHexString(), "e5f14040");
-  ASSERT_EQ(capture.lines().size(), 2U);
-  EXPECT_EQ(Text(capture.lines()[0].text), "ruvpd File is " + Text(source));
-  EXPECT_EQ(Text(capture.lines()[1].text), "vpdinfo File is " + given);
+  {
+    const MessageCapture capture;
+    EXPECT_EQ(builder.morvikParse(source, "20240115", "235959"), 0);
+    EXPECT_EQ(builder.morvikExecute(), 0);
+    EXPECT_EQ(builder.morvikGetHeader()(92, 4).toHexString(), "e5f14040");
+    ASSERT_EQ(capture.lines().size(), 2U);
+    EXPECT_EQ(Text(capture.lines()[0].text), "ruvpd File is " + Text(source));
+    EXPECT_EQ(Text(capture.lines()[1].text), "vpdinfo File is " + given);
+  }
+  testing::internal::CaptureStderr();
+  PrintErrorLine("said");
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "said\n");
 }

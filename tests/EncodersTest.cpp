@@ -66,4 +66,5 @@ TEST(WordTest, NumberLandsBigEndianAtTheEndOfTheFieldAndTellsOfLostBytesOfItsMag
   ExpectField(Word(-256L), 1, "00", true);
   ExpectField(Word(-0x80000000L), 4, "80 00 00 00", false);
   ExpectField(Word(0xFFFFFFFFL), 5, "ff ff ff ff ff", false);
+  EXPECT_EQ(Hex(Word(0x7FFFFFFFL).toByteString()), "7f ff ff ff");
 }

@@ -35,7 +35,8 @@ TEST(PathTest, ElementsAreFoundExactlyAndEmptyOnesAreSkipped)
   path.prepend("x");
   path.append("y");
   std::string list;
-  for (PathIterator each(path); each.valid(); each.next()) list += Text(each.get()) + " ";
+  PathIterator each(Path("z"));
+  for (each.reset(path); each.valid(); each.next()) list += Text(each.get()) + " ";
   EXPECT_EQ(list + Text(path), "x w abc c abc c y x:w:::abc:::c::::abc:::c::y");
   const char* position = "::ab:";
   unsigned int length = 9;

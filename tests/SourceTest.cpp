@@ -59,6 +59,7 @@ TEST(SourceProgramTest, MemoryThatEndsIsAReadError)
 TEST(MapStringStringTest, KeysStayInByteOrderAndAssignmentReusesCutsAndAppends)
 {
   MapStringString map;
+  map.clear();
   for (const char* key : {"B", "A", "AB", "\xff", "a", ""}) map.add(key, "x");
   map.put("AB", "y");
   map.put("C", "z");

@@ -34,27 +34,32 @@ TEST(ReadStreamTest, ALineComesWithoutItsDelimiterAndALongerOneThanTheLimitIsAFa
 TEST(ReadFileStreamTest, FilesOfEverySizeAreReadWholeAndAgainFromAnOffset)
 {
   const TemporaryFolder folder;
-  for (const unsigned int size : {0U, 1U, 4U, 255U, 256U, 257U, 512U, 4095U, 4096U, 4097U, 9000U}) {
+  for (const unsigned int size : {0U, 1U, 4U, 255U, 256U, 257U, 512U, 4095U, 4096U, 4097U, 9000U, 19000U}) {
     SCOPED_TRACE(size);
     std::string content(size, '\xff');
     for (unsigned int i = 1; i < size; i++) content[i] = static_cast<char>(i * 7);
     ReadFileStream stream(Name(folder.write("file", content)), ios::in);
     ByteString bytes = Bytes("11"), part = bytes, after = bytes;
+    EXPECT_EQ(stream.getOffset(), 0U);
     EXPECT_EQ(stream.peekChar(), size == 0 ? -1 : 255);
     stream.setOffset(0);
     EXPECT_TRUE(stream.getByteString(bytes).getByteString(after, 10).endOfFile());
     EXPECT_EQ(Hex(bytes), Hex(content));
-    stream.setOffset(9999);
+    stream.setOffset(99999);
     stream.getByteString(after).setOffset(0x100000000);
     EXPECT_EQ(stream.getByteString(part, 10).endOfFile(), size <= 10);
     EXPECT_EQ(Hex(part), Hex(content.substr(0, 10)));
     EXPECT_EQ(stream.getOffset() + after.length(), std::min(size, 10U));
-    // What is buffered comes before what is read directly.
-    stream.peekChar();
-    bytes = ByteString(10000U, 0x00);
-    const unsigned int read = std::min(5000U, size - part.length());
-    EXPECT_EQ(stream.readUpTo(bytes.getBytePointer(), 5000), read);
-    EXPECT_EQ(Hex(part + bytes), Hex(content.substr(0, part.length() + read) + std::string(10000 - read, '\0')));
+    // What is buffered comes before what is read directly, and that before the rest.
+    unsigned int done = part.length();
+    for (const unsigned int wanted : {5000U, 9000U}) {
+      stream.peekChar();
+      bytes = ByteString(10000U, 0x00);
+      const unsigned int read = std::min(wanted, size - done);
+      EXPECT_EQ(stream.readUpTo(bytes.getBytePointer(), wanted), read);
+      EXPECT_EQ(Hex(bytes), Hex(content.substr(done, read) + std::string(10000 - read, '\0')));
+      done += read;
+    }
     EXPECT_FALSE(stream.failure());
   }
 }
@@ -209,4 +214,5 @@ TEST(WriteStreamPtrTest, TheLastWrapperToReleaseDeletesTheStreamOnce)
   EXPECT_EQ(Watched::gone, 0);
   third.release();
   EXPECT_EQ(Watched::gone, 1);
+  EXPECT_FALSE(raw == third);
 }

@@ -39,6 +39,7 @@ TEST(StringTest, FormattedNumberOfThirtyTwoBitsBecomesTheText)
   EXPECT_EQ(Whole(s.itoa(-5, s)), "-5!");
   EXPECT_EQ(Whole(s.itoa(7, (std::string(300, 'x') + "%d").c_str())), std::string(300, 'x') + "7");
   EXPECT_EQ(Whole(s.itoa(-1, "%03li")), "-01");
+  EXPECT_EQ(Whole(s.itoa(1, "")), "");
   EXPECT_EQ(Whole(s.uitoa(UINT_MAX, "%u ")), "4294967295 ");
   EXPECT_EQ(Whole(s.ltoa(4294967291L, "%ld")), "-5");
   EXPECT_EQ(Whole(s.ltoa(-1, "%% %#lx")), "% 0xffffffff");
