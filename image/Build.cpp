@@ -188,7 +188,8 @@ std::optional<Reason> UnfitForLint(const Kelvra& run)
   for (const FileName& name : {run.lidFile, run.ruvpdFile, run.vpdinfoFile}) {
     const FileStatus status(name.getSource());
     const bool isReadOnce = status.valid() && !status.isRegular() && !status.isDirectory();
-    if (isReadOnce) return Reason{ToText(name.getSource()), "not a regular file: lint would read it before the build does"};
+    if (isReadOnce)
+      return Reason{ToText(name.getSource()), "not a regular file: lint would read it before the build does"};
   }
   const InputFile source(ToText(run.ruvpdFile.getSource()));
   if (!source.reason()) return std::nullopt;
