@@ -1,4 +1,5 @@
 #include "builder/Morvik.h"
+#include "driver/Kelvra.h"
 #include "foundation/StandardStreams.h"
 #include "source/MapStringString.h"
 #include "source/SPAOption.h"
@@ -21,6 +22,18 @@ TEST(BuilderTest, CodeThatNoBuildReturnsPrintsItsLineOrNothing)
     Morvik().morvikPrintError(code);
     EXPECT_EQ(testing::internal::GetCapturedStderr(), line) << code;
   }
+}
+
+TEST(BuilderTest, BothTablesHaveTheirCodes)
+{
+  const auto codes = [](std::span<const MessageRow> table) {
+    std::string text;
+    for (const MessageRow& row : table) text += std::to_string(row.code) + ' ';
+    return text;
+  };
+  EXPECT_EQ(codes(KelvraMessages()), "0 4 8 12 16 17 30 31 32 33 34 90 100 101 ");
+  EXPECT_EQ(codes(MorvikMessages()),
+            "4 8 12 16 17 18 19 30 31 32 35 36 37 38 39 40 41 42 43 44 45 46 47 48 50 51 60 61 90 100 ");
 }
 
 TEST(BuilderTest, AGivenVpdinfoSourceIsReadAsOneAndMessagesCanBeKept)

@@ -85,6 +85,7 @@ TEST(CommandLine, FaultsAndNamesThatLeadNowhereEndInTheirCodeAndMakeNoFile)
        {{"-l", "part", "-o", "dir/"}, {"-l", "part", "-o", "dir"}, {"-l", "part", "-o", "no/x"}}}};
   char* nothing[] = {nullptr};
   EXPECT_EQ(Kelvra().parseParams(0, nothing), 30);
+  EXPECT_EQ(Kelvra().readInitFile(), 0);
   EXPECT_EQ(Kelvra().getMajorVersion(), 1U);
   EXPECT_EQ(Kelvra().getMinorVersion(), 0U);
   for (const auto& [status, err, commandLines] : rows) {
