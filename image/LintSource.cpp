@@ -66,7 +66,10 @@ std::string OpenFault(const FileName& file)
 std::string ReadError(const FileName& file)
 {
   InputFile input(ToText(file.getSource()));
-  if (unsigned char first[1]; !input.reason()) input.read(0, first);
+  if (!input.reason()) {
+    unsigned char first[1];
+    input.read(0, first);
+  }
   const int error = input.reason() ? input.reason()->error : 0;
   return error != 0 ? std::string(": ") + std::strerror(error) : "";
 }
