@@ -1,10 +1,10 @@
 #include "image/Fields.h"
 
 #include <algorithm>
-#include <string_view>
+#include <stdexcept>
+#include <string>
 
 #include "builder/MorvikCreateHeader.h"
-#include "foundation/Assertion.h"
 #include "headers/AuxillaryHdr.h"
 #include "headers/FileHdr.h"
 #include "headers/KespHeader.h"
@@ -198,7 +198,7 @@ const FieldRow& FieldOf(RecordId id, const char* name)
 {
   const auto fields = RecordOf(id).fields;
   const auto row = std::ranges::find(fields, std::string_view(name), &FieldRow::name);
-  Assert(row != fields.end(), "row != fields.end()", "Fields", "const FieldRow &FieldOf (RecordId, const char *)");
+  if (row == fields.end()) throw std::logic_error(std::string("no field ") + name);
   return *row;
 }
 

@@ -148,7 +148,7 @@ std::optional<Reason> ReplacedFile::write(std::span<const unsigned char> bytes)
   if (!file.isOpen()) {
     if (const int error = makeTemporary()) return failed("cannot create a temporary file in its folder", error);
     // At once, so that nobody reads under a temporary name what the old file hid.
-    if (const auto reason = kept()) return reason;
+    if (auto reason = kept()) return reason;
   }
   const auto length = static_cast<std::streamsize>(bytes.size());
   errno = EIO;  // for a file that takes nothing and does not say why
@@ -158,8 +158,8 @@ std::optional<Reason> ReplacedFile::write(std::span<const unsigned char> bytes)
 
 std::optional<Reason> ReplacedFile::finish()
 {
-  if (auto reason = write({})) return reason;     // also of a file without bytes
-  if (const auto reason = kept()) return reason;  // once more: writing may take bits away
+  if (auto reason = write({})) return reason;  // also of a file without bytes
+  if (auto reason = kept()) return reason;     // once more: writing may take bits away
   return file.close() ? std::nullopt : failed("cannot write", errno);
 }
 

@@ -214,5 +214,5 @@ TEST(WriteStreamPtrTest, TheLastWrapperToReleaseDeletesTheStreamOnce)
   EXPECT_EQ(Watched::gone, 0);
   third.release();
   EXPECT_EQ(Watched::gone, 1);
-  EXPECT_FALSE(raw == third);
+  EXPECT_TRUE(third == empty);
 }
