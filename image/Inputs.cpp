@@ -50,7 +50,3 @@ std::optional<Reason> UnreadVpdinfo(const Kelvra& run)
   return Reason{ToText(run.vpdinfoFile.getSource()),
                 "no place for a VPDINFO source: " + ToText(run.ruvpdFile.getSource()) + " is read alone"};
 }
-
-std::string ToText(const String& text) { return std::string(static_cast<const char*>(text), text.length()); }
-
-String ToString(const std::string& text) { return String(text.data(), static_cast<unsigned int>(text.size())); }

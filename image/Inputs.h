@@ -6,6 +6,7 @@
 #include <string>
 
 #include "driver/Kelvra.h"
+#include "foundation/StandardString.h"
 #include "image/Reason.h"
 
 struct Inputs {
@@ -32,7 +33,3 @@ Kelvra MakeRun(const Inputs& inputs);
 // The reason why a run does not take the VPDINFO source that it was given: its main source is of a kind that is read
 // alone.
 std::optional<Reason> UnreadVpdinfo(const Kelvra& run);
-
-// The tool's text as the standard library's, and back.
-std::string ToText(const String& text);
-String ToString(const std::string& text);

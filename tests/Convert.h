@@ -4,13 +4,13 @@
 #include <string>
 
 #include "foundation/ByteString.h"
+#include "foundation/StandardString.h"
 
-inline String ToString(const std::string& text) { return String(text.data(), static_cast<unsigned int>(text.size())); }
 inline ByteString ToBytes(const std::string& raw)
 {
   return ByteString(raw.data(), static_cast<unsigned int>(raw.size()));
 }
-inline std::string Text(const String& text) { return std::string(static_cast<const char*>(text), text.length()); }
+inline std::string Text(const String& text) { return ToText(text); }
 inline std::string Text(const ByteString& b)
 {
   return std::string(b.getBytePointer(), b.getBytePointer() + b.length());
