@@ -1,5 +1,8 @@
 #!/usr/bin/python3
-"""kelvra-image on images that kelvra makes: image.py KELVRA KELVRA-IMAGE. All JSON is held against the schema."""
+"""kelvra-image on images that kelvra makes: image.py KELVRA KELVRA-IMAGE [STEP]. All JSON is held against the schema.
+
+With a step, only every so many bytes are changed and lengths cut.
+"""
 import collections
 import json
 import os
@@ -81,6 +84,7 @@ FAULTS = [
 
 class ImageTest(unittest.TestCase):
     kelvra = image = ""
+    step = 1
     count = collections.Counter()
 
     def setUp(self):
@@ -164,7 +168,7 @@ class ImageTest(unittest.TestCase):
         self.assertEqual(self.failures(0, "part.ruhx", "-l", "part.kesp", "-r", source), [])
 
     def test_each_changed_byte_is_named(self):
-        for i in range(2, FRONT):
+        for i in range(2, FRONT, self.step):
             content = bytearray(self.bytes)
             content[i] ^= 0xFF
             name = self.changed(content)
@@ -177,7 +181,7 @@ class ImageTest(unittest.TestCase):
         self.assertEqual([(f["check"], f["offset"]) for f in message], [("payload", FRONT + 7)])
 
     def test_cut_and_longer_images(self):
-        for length in (*range(0, len(self.bytes)), len(self.bytes) + 1):
+        for length in (*range(0, len(self.bytes), self.step), len(self.bytes) + 1):
             name = self.changed((self.bytes + b"\0")[:length])
             status = 2 if length < 20 else 1
             with self.subTest(length=length):
@@ -327,4 +331,5 @@ class ImageTest(unittest.TestCase):
 
 if __name__ == "__main__":
     ImageTest.kelvra, ImageTest.image = map(os.path.abspath, sys.argv[1:3])
+    ImageTest.step = int((sys.argv[3:] or [1])[0])
     unittest.main(argv=sys.argv[:1])
