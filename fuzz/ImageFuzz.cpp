@@ -40,7 +40,8 @@ void ShowAll(const string& name, const Inputs& inputs)
 {
   Image image(name);
   Require(IsJson(Json(image)) && IsJson(Json(List(image), image)), "what is shown is JSON");
-  Require(Text(image).find('\x1b') == string::npos, "no control characters go to a terminal");
+  const string shown = Text(image) + Text(List(image), image);
+  Require(shown.find('\x1b') == string::npos, "no control characters go to a terminal");
   const VerifyResult verified = Verify(image, inputs);
   Require(IsJson(Json(verified, image)), "what is verified is JSON");
   Require(verified.status == couldNot || image.status() == allWell || verified.status == foundSomething,

@@ -5,7 +5,6 @@
 #include "builder/Morvik.h"
 #include "foundation/ReturnCode.h"
 #include "foundation/StandardStreams.h"
-#include "image/InputFile.h"
 
 namespace {
 
@@ -24,7 +23,7 @@ bool IsOutsideDepfiles(const std::string& name)
 }
 
 // Backslashes are themselves, but before a blank they are doubled.
-std::string Escaped(const std::string& name)
+std::string EscapedInput(const std::string& name)
 {
   std::string text;
   std::size_t backslashes = 0;  // just before
@@ -43,7 +42,7 @@ std::string Escaped(const std::string& name)
 std::string EscapedOutput(const std::string& name)
 {
   std::string text;
-  for (const char ch : Escaped(name)) {
+  for (const char ch : EscapedInput(name)) {
     if (ch == '%') text += '\\';
     text += ch;
   }
@@ -54,7 +53,7 @@ std::string EscapedOutput(const std::string& name)
 // passes over the ";", while an input under any other name would be an error to it.
 std::string EmptyRule(const std::string& name)
 {
-  return '\n' + Escaped(name) + (name.find('%') != std::string::npos ? ": ;\n" : ":\n");
+  return '\n' + EscapedInput(name) + (name.find('%') != std::string::npos ? ": ;\n" : ":\n");
 }
 
 }  // namespace
@@ -71,11 +70,8 @@ DepsResult Deps(const Inputs& inputs)
     return {"", {}, {{ToText(run.ruvpdFile.getSource()), "not the name of a source"}}};
   }
   const std::vector<FileName> sources = builder.nameSources();
-  for (const SourceFile& source : builder.sourceFiles()) {
-    // What it would say of the VPDINFO source is not known.
-    const InputFile file(ToText(source.name.getSource()));
-    if (!source.isOpened) return {"", {}, {file.reason().value_or(Reason{file.name(), "cannot open"})}};
-  }
+  // What it would say of the VPDINFO source is not known.
+  if (const auto reason = FindUnopened(builder.sourceFiles())) return {"", {}, {*reason}};
   return DepsOf(run, sources);
 }
 
@@ -102,7 +98,7 @@ std::vector<Reason> NamesOutsideDepfiles(const DepsResult& deps)
 std::string Depfile(const DepsResult& deps)
 {
   std::string text = EscapedOutput(deps.output) + ':';
-  for (const std::string& input : deps.inputs) text += ' ' + Escaped(input);
+  for (const std::string& input : deps.inputs) text += ' ' + EscapedInput(input);
   text += '\n';
   for (const std::string& input : deps.inputs) text += EmptyRule(input);
   return text;

@@ -91,11 +91,13 @@ void AddRecord(Image& image, RecordId id, std::uint64_t length)
   image.records.push_back(std::move(record));
 }
 
-void Remark(Image& image, RecordId id, const char* name, std::string text)
+void Remark(Image& image, RecordId id, const char* name, const std::string& text)
 {
-  // The image is ours to change.
-  auto* field = const_cast<Field*>(image.find(id, FieldOf(id, name)));
-  if (field != nullptr) field->remark = std::move(text);
+  const FieldRow* row = &FieldOf(id, name);
+  for (Record& record : image.records) {
+    const auto field = std::ranges::find(record.fields, row, &Field::row);
+    if (field != record.fields.end()) field->remark = text;
+  }
 }
 
 void AddTimeRemarks(Image& image)

@@ -1,10 +1,12 @@
 #include "image/Inputs.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstdlib>
 #include <ctime>
 
 #include "builder/SourceKind.h"
+#include "image/InputFile.h"
 #include "source/MapStringString.h"
 #include "source/SPAOption.h"
 
@@ -41,6 +43,14 @@ Kelvra MakeRun(const Inputs& inputs)
   run.buildTime = inputs.timestamp;
   run.nameFiles();
   return run;
+}
+
+std::optional<Reason> FindUnopened(const std::vector<SourceFile>& sources)
+{
+  const auto source = std::ranges::find(sources, false, &SourceFile::isOpened);
+  if (source == sources.end()) return std::nullopt;
+  const InputFile again(ToText(source->name.getSource()));
+  return again.reason().value_or(Reason{again.name(), "cannot open"});
 }
 
 std::optional<Reason> UnreadVpdinfo(const Kelvra& run)

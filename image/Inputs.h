@@ -4,7 +4,9 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
+#include "builder/Morvik.h"
 #include "driver/Kelvra.h"
 #include "foundation/StandardString.h"
 #include "image/Reason.h"
@@ -29,6 +31,9 @@ std::optional<Reason> TakeSourceDateEpoch(Inputs& inputs);
 // The tool's run over the inputs, its names completed as the tool completes them. Sets the process's time zone where it
 // is to be UTC, and empties the option table.
 Kelvra MakeRun(const Inputs& inputs);
+
+// Why the first source that the tool could not open does not open; nothing when all were opened.
+std::optional<Reason> FindUnopened(const std::vector<SourceFile>& sources);
 
 // The reason why a run does not take the VPDINFO source that it was given: its main source is of a kind that is read
 // alone.

@@ -159,7 +159,10 @@ std::optional<Reason> ReplacedFile::write(std::span<const unsigned char> bytes)
 std::optional<Reason> ReplacedFile::finish()
 {
   if (auto reason = write({})) return reason;  // also of a file without bytes
-  if (auto reason = kept()) return reason;     // once more: writing may take bits away
+  // Writing takes these bits away.
+  if ((old.st_mode & (S_ISUID | S_ISGID)) != 0) {
+    if (auto reason = kept()) return reason;
+  }
   return file.close() ? std::nullopt : failed("cannot write", errno);
 }
 

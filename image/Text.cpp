@@ -96,8 +96,8 @@ std::string Text(const Image& image)
 
 std::string Text(const ListRow& row, const Image& image)
 {
-  return fmt::format("{:<8}  {:<8}  {:<4}  {:<19}  {:>10}  {}\n", row.loadId, row.name, row.versionLevel, row.built,
-                     row.lidSize, Escaped(image.file.name()));
+  return fmt::format("{:<8}  {:<8}  {:<4}  {:<19}  {:>10}  {}\n", row.loadId, Escaped(row.name),
+                     Escaped(row.versionLevel), row.built, row.lidSize, Escaped(image.file.name()));
 }
 
 std::string Text(const VerifyResult& verified, const std::string& name, bool all)

@@ -50,16 +50,6 @@ struct MadeFront {
   bool tookImageTime = false;
 };
 
-// A source that the tool could not open.
-std::optional<Reason> FindUnopened(const std::vector<SourceFile>& sources)
-{
-  for (const SourceFile& source : sources) {
-    const InputFile file(ToText(source.name.getSource()));
-    if (file.reason() && file.reason()->error != 0) return file.reason();
-  }
-  return std::nullopt;
-}
-
 std::int64_t StampOf(const Image& image)
 {
   if (const auto moment = BuildMomentOf(image.file)) return moment->stamp;

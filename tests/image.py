@@ -247,6 +247,14 @@ class ImageTest(unittest.TestCase):
         result = self.json(1, "diff", "old.ruhx", "longer.ruhx")
         self.assertEqual(result["payload"], {"same": False, "lengths": [287, 288], "first": 100})
 
+    def test_no_field_steers_a_terminal(self):
+        name = self.changed(self.bytes[:56] + b"\x27" + self.bytes[57:])  # ESC in the RU name
+        for command in ("show", "list", "verify", "diff"):
+            with self.subTest(command):
+                printed = self.run_image(command, *["part.ruhx"] * (command == "diff"), name).stdout
+                self.assertIn("\\x1BTRL01", printed)
+                self.assertNotIn("\x1b", printed)
+
     def test_extract_gives_back_the_lid(self):
         old = self.path / "old.kesp"
         old.write_bytes(b"old")
