@@ -1,6 +1,5 @@
 #include "driver/Assembly.h"
 
-#include "foundation/Allocate.h"
 #include "foundation/ReturnCode.h"
 #include "headers/KespHeader.h"
 
@@ -9,10 +8,10 @@ int CheckLid(const Kelvra& app, const ReadFileStream& lid)
   if (lid.failure()) return lidNotRead;
   const FileStatus& lidStatus = lid.status();
   if (!lidStatus.valid()) return lidNotMeasured;
-  if (lidStatus.size() > MaximumLength) return lidNotRead;
+  if (lidStatus.size() != Low32(lidStatus.size())) return lidNotRead;
   // Just below 4 GiB the end of the output has no 32-bit offset.
-  if (lidStatus.size() > MaximumLength - FrontLength(app)) return lidNotMeasured;
-  return success;
+  const std::uint64_t end = lidStatus.size() + FrontLength(app);
+  return end == Low32(end) ? success : lidNotMeasured;
 }
 
 int Assemble(const Kelvra& app, Assembly& assembly)

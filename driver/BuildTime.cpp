@@ -4,7 +4,7 @@ namespace {
 
 String Formatted(const tm& local, const char* format)
 {
-  char text[16];
+  char text[sizeof "-2147483648MMDD"];
   return String(text, static_cast<unsigned int>(std::strftime(text, sizeof text, format, &local)));
 }
 

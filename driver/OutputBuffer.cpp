@@ -2,6 +2,7 @@
 
 #include <sys/mman.h>
 
+#include <algorithm>
 #include <cstdlib>
 
 #include "foundation/Allocate.h"
@@ -10,26 +11,31 @@
 namespace {
 
 #ifdef __SANITIZE_ADDRESS__
-constexpr boolean checksBounds = true;
+#define KELVRA_PLAIN_BLOCKS
 #elif defined(__has_feature)
-constexpr boolean checksBounds = __has_feature(address_sanitizer);
-#else
-constexpr boolean checksBounds = false;
+#if __has_feature(address_sanitizer)
+#define KELVRA_PLAIN_BLOCKS
+#endif
 #endif
 
-constexpr std::size_t hugePage = std::size_t{2} << 20;
-// What is worth a huge page: clearing one costs as much as some 100 faults of small pages, 512 KiB have 128.
-constexpr std::size_t hugeWorth = std::size_t{512} << 10;
+constexpr std::size_t hugePage = 0x200000;
 
-// `length` bytes, or null. The rest after the last whole huge page gets one too where it is worth it, else small pages.
-// Not where each access is checked: an overrun would end in the rounded-up rest.
+// How many of the bytes lie on huge pages. The rest after the last whole one gets one too where it is worth it:
+// clearing a huge page costs as much as some 100 faults of small pages, 512 KiB have 128.
+constexpr std::size_t OnHugePages(std::size_t length) { return (length + hugePage / 4 * 3) / hugePage * hugePage; }
+static_assert(OnHugePages(0x7FFFF) == 0 && OnHugePages(0x80000) == 0x200000 && OnHugePages(0x27FFFF) == 0x200000);
+
+// `length` bytes, or null.
 unsigned char* AllocateForOutput(std::size_t length)
 {
-  const std::size_t onHugePages = checksBounds ? 0 : (length + hugePage - hugeWorth) / hugePage * hugePage;
-  if (onHugePages == 0) return static_cast<unsigned char*>(std::malloc(length));
-  void* memory = std::aligned_alloc(hugePage, (length + hugePage - 1) / hugePage * hugePage);
-  if (memory != nullptr) ::madvise(memory, onHugePages, MADV_HUGEPAGE);
-  return static_cast<unsigned char*>(memory);
+#ifndef KELVRA_PLAIN_BLOCKS  // a sanitizer would not see an overrun into the rest of a huge page
+  if (const std::size_t onHugePages = OnHugePages(length)) {
+    void* memory = std::aligned_alloc(hugePage, std::max(length, onHugePages));
+    ::madvise(memory, onHugePages, MADV_HUGEPAGE);
+    return static_cast<unsigned char*>(memory);
+  }
+#endif
+  return static_cast<unsigned char*>(std::malloc(length));
 }
 
 }  // namespace

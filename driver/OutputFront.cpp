@@ -54,7 +54,7 @@ unsigned int FrontLength(const Kelvra& app)
 int BuildFront(const Kelvra& app, const FileStatus& lidStatus, const ByteString& lidBegin, OutputFront& front)
 {
   const BuildTime build = GetBuildTime(lidBegin, app.buildTime.value_or(lidStatus.modificationTime()));
-  if (build.date.empty() || build.time.empty()) return badTime;
+  if (build.date.empty()) return badTime;
 
   Morvik builder;
   builder.setVpdinfoSource(app.vpdinfoFile);

@@ -2,6 +2,7 @@
 // lengths wraps. An allocation that fails throws std::bad_alloc, as `new` does.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <memory>
@@ -11,7 +12,7 @@
 
 constexpr unsigned int MaximumLength = UINT32_MAX;
 
-constexpr unsigned int MIN(unsigned int a, unsigned int b) { return a < b ? a : b; }
+constexpr unsigned int MIN(unsigned int a, unsigned int b) { return std::min(a, b); }
 
 // a + b; throws std::length_error when the sum passes MaximumLength.
 unsigned int AddLengths(unsigned int a, unsigned int b);
@@ -19,7 +20,8 @@ unsigned int AddLengths(unsigned int a, unsigned int b);
 // The capacity of a block that has to grow to `needed` bytes: the old capacity on top of it, at most MaximumLength.
 constexpr unsigned int GrownCapacity(unsigned int needed, unsigned int oldCapacity)
 {
-  return needed + MIN(oldCapacity, MaximumLength - needed);
+  unsigned int grown = needed;
+  return __builtin_add_overflow(needed, oldCapacity, &grown) ? MaximumLength : grown;
 }
 
 // Copies n bytes; the two ranges may overlap, and null pointers are allowed when n is 0.

@@ -25,30 +25,20 @@ unsigned int NibbleShift(unsigned int n) { return n % 2 == 0 ? 4 : 0; }
 
 unsigned char BitMask(unsigned int n) { return static_cast<unsigned char>(0x80U >> (n % 8)); }
 
-boolean IsDigit(char ch, unsigned int base)
+// The bytes that the digits of the text spell, each set at its place; empty when one of them is no digit.
+ByteString FromString(const String& text, unsigned int digitsPerByte, boolean padLeft, boolean (*isDigit)(char),
+                      void (*setDigit)(ByteString& bytes, unsigned int place, unsigned char value))
 {
-  return base == 2 ? isbdigit(ch) : std::isxdigit(static_cast<unsigned char>(ch)) != 0;
-}
-
-// Appends the bytes that the digits of the text spell to `out`; false at the first character that is not a digit of
-// the base, with the bytes before it appended.
-boolean FromString(const String& text, ByteString& out, unsigned int base, unsigned int bitsPerDigit, boolean padLeft)
-{
-  const unsigned int digitsPerByte = 8 / bitsPerDigit;
   const unsigned int rest = text.length() % digitsPerByte;
+  const unsigned int missing = rest != 0 ? digitsPerByte - rest : 0;
+  ByteString bytes(text.length() / digitsPerByte + (rest != 0 ? 1 : 0), 0x00);
   // Zeros in front are the same as beginning in the middle of the first byte.
-  unsigned int place = padLeft && rest != 0 ? digitsPerByte - rest : 0;
-  unsigned int byte = 0;
+  const unsigned int first = padLeft ? missing : 0;
   for (unsigned int i = 0; i < text.length(); i++) {
-    if (!IsDigit(text[i], base)) return false;
-    byte |= static_cast<unsigned int>(Value(text[i])) << (8 - bitsPerDigit * (place + 1));
-    if (++place == digitsPerByte || i + 1 == text.length()) {
-      out += static_cast<unsigned char>(byte);
-      place = 0;
-      byte = 0;
-    }
+    if (!isDigit(text[i])) return ByteString();
+    setDigit(bytes, first + i, Value(text[i]));
   }
-  return true;
+  return bytes;
 }
 
 }  // namespace
@@ -67,7 +57,6 @@ ByteString::~ByteString() { DeAllocate(buffer); }
 
 ByteString& ByteString::operator=(const ByteString& b)
 {
-  if (b.buffer == buffer) return *this;
   if (b.len > capacity) {
     unsigned char* block = Allocate<unsigned char>(b.len);
     DeAllocate(buffer);
@@ -133,9 +122,9 @@ boolean ByteString::getNthBit(unsigned int n) const
 
 ByteString& ByteString::remove(unsigned int position, unsigned int count)
 {
-  if (position >= len) return *this;
-  const unsigned int removed = MIN(count, len - position);
-  MoveBytes(buffer + position, buffer + position + removed, len - position - removed);
+  const unsigned int start = MIN(position, len);
+  const unsigned int removed = MIN(count, len - start);
+  MoveBytes(buffer + start, buffer + start + removed, len - start - removed);
   len -= removed;
   return *this;
 }
@@ -177,10 +166,7 @@ ByteString& ByteString::replace(unsigned int position, unsigned int count, unsig
 ByteString& ByteString::replaceBytes(unsigned int position, unsigned int count, const unsigned char* p, unsigned int n)
 {
   const SteadyBytes<unsigned char> by(p, n, buffer, capacity);
-  const unsigned int replaced = MIN(count, len - position);
-  if (replaced < n) return remove(position, replaced).insertBytes(position, by.get(), n);
-  MoveBytes(buffer + position, by.get(), n);
-  return remove(position + n, replaced - n);
+  return remove(position, count).insertBytes(position, by.get(), n);
 }
 
 ByteString& ByteString::operator+=(const ByteString& b) { return insertBytes(len, b.buffer, b.len); }
@@ -209,13 +195,13 @@ unsigned char* ByteString::extend(unsigned int n)
 
 ByteString ByteString::operator()(unsigned int start, unsigned int count) const
 {
-  if (start >= len) return ByteString();
-  return ByteString(buffer + start, MIN(count, len - start));
+  const unsigned int first = MIN(start, len);
+  return ByteString(buffer + first, MIN(count, len - first));
 }
 
 boolean ByteString::equal(const ByteString& b) const
 {
-  return len == b.len && (len == 0 || std::memcmp(buffer, b.buffer, len) == 0);
+  return std::equal(buffer, buffer + len, b.buffer, b.buffer + b.len);
 }
 
 String ByteString::toHexString() const
@@ -240,16 +226,16 @@ String ByteString::toBinaryString() const
 
 ByteString ByteString::FromHexString(const String& text, boolean padLeft)
 {
-  ByteString bytes;
-  bytes.reSize(text.length() / 2 + text.length() % 2);
-  return FromString(text, bytes, 16, 4, padLeft) ? bytes : ByteString();
+  return FromString(
+      text, 2, padLeft, [](char ch) { return std::isxdigit(static_cast<unsigned char>(ch)) != 0; },
+      [](ByteString& bytes, unsigned int place, unsigned char value) { bytes.setNthNibble(place, value); });
 }
 
 ByteString ByteString::FromBinaryString(const String& text, boolean padLeft)
 {
-  ByteString bytes;
-  bytes.reSize(text.length() / 8 + (text.length() % 8 != 0 ? 1 : 0));
-  return FromString(text, bytes, 2, 1, padLeft) ? bytes : ByteString();
+  return FromString(text, 8, padLeft, isbdigit, [](ByteString& bytes, unsigned int place, unsigned char value) {
+    bytes.setNthBit(place, value == 1);
+  });
 }
 
 ByteString operator+(const ByteString& a, const ByteString& b)

@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <optional>
 #include <system_error>
 
 #include "foundation/SystemCall.h"
@@ -12,17 +13,15 @@ namespace {
 
 constexpr mode_t createdFilePermissions = 0664;
 
-constexpr int refused = -1;
-
-// The flags of open(2) for the mode bits, as the standard's file streams read them; `refused` for bits that contradict
+// The flags of open(2) for the mode bits, as the standard's file streams read them; nothing for bits that contradict
 // each other.
-int OpenFlags(int mode)
+std::optional<int> OpenFlags(int mode)
 {
   const boolean reads = (mode & std::ios_base::in) != 0;
   const boolean appends = (mode & std::ios_base::app) != 0;
   const boolean writes = appends || (mode & std::ios_base::out) != 0;
   const boolean truncates = (mode & std::ios_base::trunc) != 0;
-  if (truncates && (appends || !writes)) return refused;
+  if (truncates && (appends || !writes)) return std::nullopt;
   if (!writes) return O_RDONLY;
   const int access = reads ? O_RDWR : O_WRONLY;
   if (appends) return access | O_CREAT | O_APPEND;
@@ -33,7 +32,6 @@ int OpenFlags(int mode)
 
 int FileDescriptor::open(const String& name, int flags)
 {
-  if (flags == refused) return EINVAL;
   if (HoldsNul(name)) return ENOENT;
   number = Uninterrupted([&] { return ::open(name, flags | O_CLOEXEC, createdFilePermissions); });
   if (isOpen() && number <= STDERR_FILENO) {
@@ -47,7 +45,7 @@ int FileDescriptor::open(const String& name, int flags)
 boolean FileDescriptor::close()
 {
   const boolean done = !isOpen() || ::close(number) == 0;
-  number = -1;
+  number = none;
   return done;
 }
 
@@ -58,16 +56,15 @@ std::streamsize FileDescriptor::read(char* p, std::streamsize n) const
   return got;
 }
 
-std::streamsize FileDescriptor::write(const char* p, std::streamsize n) const
+boolean FileDescriptor::write(const char* p, std::streamsize n) const
 {
-  std::streamsize written = 0;
-  while (written < n) {
-    const auto rest = static_cast<std::size_t>(n - written);
-    const ssize_t step = Uninterrupted([&] { return ::write(number, p + written, rest); });
-    if (step <= 0) break;
-    written += step;
+  while (n != 0) {
+    const ssize_t step = Uninterrupted([&] { return ::write(number, p, static_cast<std::size_t>(n)); });
+    if (step <= 0) return false;
+    p += step;
+    n -= step;
   }
-  return written;
+  return true;
 }
 
 off_t FileDescriptor::seek(off_t offset, int whence) const { return ::lseek(number, offset, whence); }
@@ -79,7 +76,8 @@ boolean FileDescriptor::truncate() const
 
 FileReadBuffer::FileReadBuffer(const String& name, int mode)
 {
-  if (file.open(name, OpenFlags(mode | std::ios_base::in)) != 0) return;
+  const auto flags = OpenFlags(mode | std::ios_base::in);
+  if (!flags || file.open(name, *flags) != 0) return;
   openStatus = file.status();
   if ((mode & std::ios_base::ate) != 0) readEnd = file.seek(0, SEEK_END);
   if (openStatus.isDirectory() || readEnd < 0) file.close();
@@ -88,9 +86,9 @@ FileReadBuffer::FileReadBuffer(const String& name, int mode)
 FileReadBuffer::int_type FileReadBuffer::underflow()
 {
   if (gptr() == egptr()) {
-    const std::streamsize got = file.read(block.data(), static_cast<std::streamsize>(block.size()));
+    const std::streamsize got = file.read(block.begin(), fileBlockSize);
     readEnd += got;
-    setg(block.data(), block.data(), block.data() + got);
+    setg(block.begin(), block.begin(), block.begin() + got);
     if (got == 0) return traits_type::eof();
   }
   return traits_type::to_int_type(*gptr());
@@ -98,33 +96,26 @@ FileReadBuffer::int_type FileReadBuffer::underflow()
 
 std::streamsize FileReadBuffer::xsgetn(char* p, std::streamsize n)
 {
-  std::streamsize got = 0;
-  while (got < n) {
-    const std::streamsize wanted = n - got;
-    if (gptr() == egptr() && wanted >= static_cast<std::streamsize>(block.size())) {
-      const std::streamsize step = file.read(p + got, wanted);
-      if (step == 0) break;
-      readEnd += step;
-      got += step;
-    } else {
-      if (traits_type::eq_int_type(underflow(), traits_type::eof())) break;
-      const std::streamsize step = std::min<std::streamsize>(wanted, egptr() - gptr());
-      std::copy_n(gptr(), step, p + got);
-      gbump(static_cast<int>(step));
-      got += step;
-    }
+  std::streamsize got = std::min<std::streamsize>(n, egptr() - gptr());
+  std::copy_n(gptr(), got, p);
+  gbump(static_cast<int>(got));
+  while (got != n) {
+    const std::streamsize step = file.read(p + got, n - got);
+    if (step == 0) break;
+    readEnd += step;
+    got += step;
   }
   return got;
 }
 
 FileReadBuffer::pos_type FileReadBuffer::seekoff(off_type offset, std::ios_base::seekdir from, std::ios_base::openmode)
 {
-  const off_t buffered = egptr() - gptr();
-  const off_t target = from == std::ios_base::cur ? readEnd - buffered + offset : offset;
-  const off_t reached = file.seek(target, from == std::ios_base::end ? SEEK_END : SEEK_SET);
-  if (reached < 0) return pos_type(off_type(-1));
-  readEnd = reached;
-  setg(block.data(), block.data(), block.data());
+  if (from == std::ios_base::cur) offset += readEnd - (egptr() - gptr());
+  const off_t reached = file.seek(offset, from == std::ios_base::end ? SEEK_END : SEEK_SET);
+  if (reached >= 0) {
+    readEnd = reached;
+    setg(block.begin(), block.begin(), block.begin());
+  }
   return pos_type(reached);
 }
 
@@ -135,27 +126,23 @@ FileReadBuffer::pos_type FileReadBuffer::seekpos(pos_type position, std::ios_bas
 
 FileWriteBuffer::FileWriteBuffer(const String& name, int mode)
 {
-  file.open(name, OpenFlags(mode | std::ios_base::out));
+  setp(block.begin(), block.end());
+  if (const auto flags = OpenFlags(mode | std::ios_base::out)) file.open(name, *flags);
   if ((mode & std::ios_base::ate) != 0 && file.seek(0, SEEK_END) < 0) file.close();
-  setp(block.data(), block.data() + block.size());
 }
 
 FileWriteBuffer::FileWriteBuffer(const String& name, AsItStands)
 {
-  int error = file.open(name, O_WRONLY | O_CREAT | O_EXCL);
-  if (error == EEXIST) {
-    error = file.open(name, O_WRONLY);
-    if (error == 0) oldStatus = file.status();
-    created = error == ENOENT && file.open(name, O_WRONLY | O_CREAT) == 0;  // a link that led nowhere
-  } else {
-    created = error == 0;
-  }
-  setp(block.data(), block.data() + block.size());
+  setp(block.begin(), block.end());
+  if (file.open(name, O_WRONLY | O_CREAT | O_EXCL) != EEXIST) return;
+  const int error = file.open(name, O_WRONLY);
+  if (error == 0) oldStatus = file.status();
+  if (error == ENOENT) file.open(name, O_WRONLY | O_CREAT);  // a link that led nowhere
 }
 
 boolean FileWriteBuffer::empty()
 {
-  const boolean done = !oldStatus.isRegular() || oldStatus.size() == 0 || file.truncate();
+  const boolean done = isNew() || !oldStatus->isRegular() || file.truncate();
   if (!done) file.close();
   return done;
 }
@@ -174,8 +161,7 @@ FileWriteBuffer::int_type FileWriteBuffer::overflow(int_type ch)
 
 std::streamsize FileWriteBuffer::xsputn(const char* p, std::streamsize n)
 {
-  if (n > epptr() - pptr() && FileWriteBuffer::sync() != 0) return 0;
-  if (n > epptr() - pptr()) return file.write(p, n);
+  if (n > epptr() - pptr()) return FileWriteBuffer::sync() == 0 && file.write(p, n) ? n : 0;
   std::copy_n(p, n, pptr());
   pbump(static_cast<int>(n));
   return n;
@@ -184,8 +170,7 @@ std::streamsize FileWriteBuffer::xsputn(const char* p, std::streamsize n)
 // What the file refused is gone: the failure is reported once, and not again when the file closes.
 int FileWriteBuffer::sync()
 {
-  const std::streamsize held = pptr() - pbase();
-  const std::streamsize written = held != 0 ? file.write(pbase(), held) : 0;
-  setp(block.data(), block.data() + block.size());
-  return written == held ? 0 : -1;
+  const boolean written = file.write(pbase(), pptr() - pbase());
+  setp(block.begin(), block.end());
+  return written ? 0 : -1;
 }

@@ -6,6 +6,7 @@
 #include <sys/types.h>
 
 #include <array>
+#include <optional>
 #include <streambuf>
 
 #include "foundation/FileStatus.h"
@@ -25,22 +26,26 @@ class FileDescriptor {
   int open(const String& name, int flags);
   // Whether the file took all that was written to it, as far as its close tells; errno has the reason when not.
   boolean close();
-  boolean isOpen() const { return number >= 0; }
+  boolean isOpen() const { return number != none; }
   // For the operating system's calls.
   int descriptor() const { return number; }
   FileStatus status() const { return FileStatus(number); }
   // Up to n bytes, 0 at the end of the file; throws std::system_error when the file cannot be read.
   std::streamsize read(char* p, std::streamsize n) const;
-  // All n bytes; the number written, which is less when the file refuses the rest, for the reason that errno has.
-  std::streamsize write(const char* p, std::streamsize n) const;
+  // All n bytes; false when the file refuses some of them, for the reason that errno has.
+  boolean write(const char* p, std::streamsize n) const;
   // The new position, -1 on failure; `whence` as for lseek.
   off_t seek(off_t offset, int whence) const;
   // Makes the file empty; whether that succeeded.
   boolean truncate() const;
 
  private:
-  int number = -1;
+  static constexpr int none = -1;  // also what open(2) gives for a failure
+
+  int number = none;
 };
+
+inline constexpr std::size_t fileBlockSize = 4096;  // bytes
 
 class FileReadBuffer : public std::streambuf {
  public:
@@ -63,7 +68,7 @@ class FileReadBuffer : public std::streambuf {
   FileDescriptor file;
   FileStatus openStatus;
   off_t readEnd = 0;  // position in the file of what the next read brings
-  std::array<char, 4096> block;
+  std::array<char, fileBlockSize> block;
 };
 
 // Opens a file for output as it stands, with all that it holds.
@@ -78,9 +83,9 @@ class FileWriteBuffer : public std::streambuf {
 
   boolean isOpen() const { return file.isOpen(); }
   // Whether the open made the file.
-  boolean isNew() const { return created; }
+  boolean isNew() const { return !oldStatus; }
   // The status of a file that was there before, at the open.
-  const FileStatus& status() const { return oldStatus; }
+  const FileStatus& status() const { return *oldStatus; }
   // Cuts a regular file to nothing; whether it is empty then. One that cannot be cut is closed.
   boolean empty();
 
@@ -91,7 +96,6 @@ class FileWriteBuffer : public std::streambuf {
 
  private:
   FileDescriptor file;
-  boolean created = false;
-  FileStatus oldStatus;
-  std::array<char, 4096> block;
+  std::optional<FileStatus> oldStatus;
+  std::array<char, fileBlockSize> block;
 };

@@ -3,6 +3,8 @@
 // takes no part.
 #pragma once
 
+#include <memory>
+
 #include "foundation/FileBuffer.h"
 #include "foundation/FileName.h"
 #include "foundation/FileStatus.h"
@@ -14,10 +16,12 @@ class WriteFileStream : public WriteStream {
  public:
   WriteFileStream(const FileName& name, int mode);
   WriteFileStream(const FileName& name, const String& text);
-  ~WriteFileStream() override;
 
  protected:
   WriteFileStream(const FileName& name, AsItStands how);
+
+ private:
+  const std::unique_ptr<std::ostream> owned;
 };
 
 // An output file that stays as it is until it is emptied, so that its opener can first see which file it is.
@@ -32,14 +36,16 @@ class CautiousWriteFileStream : public WriteFileStream {
   void empty();
 };
 
-// In failure too when the name is not valid or is a directory's.
+// In failure too when the name is not valid, which no file that can be read has, or is a directory's.
 class ReadFileStream : public ReadStream {
  public:
   ReadFileStream(const FileName& name, int mode);
   ReadFileStream(const FileName& name, const String& text);
-  ~ReadFileStream() override;
 
   // The file's status when it was opened, and as it is now.
   const FileStatus& status() const;
   FileStatus statusNow() const;
+
+ private:
+  const std::unique_ptr<std::istream> owned;
 };

@@ -38,8 +38,8 @@ class PathIterator {
 
  private:
   const Path* path;
-  const char* position = nullptr;
-  unsigned int length = 0;  // of the current element; 0 when there is none
+  const char* position;
+  unsigned int length;  // of the current element; 0 when there is none
 };
 
 // Moves `position` past any ":" characters and sets `length` to the characters up to the next ":" or the end.

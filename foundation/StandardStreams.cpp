@@ -26,7 +26,7 @@ void PrintErrorLine(const String& line, MessageKind kind)
   StandardErrorStream error;
   Uninterrupted([&] {
     error.clearFailure();  // of an earlier line: each gets its own try
-    errno = 0;
+    errno = EIO;           // where nothing tells why a write fails
     error.putString(whole);
     return error.failure() ? -1 : 0;
   });

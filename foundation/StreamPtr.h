@@ -20,7 +20,7 @@ class StreamPtr {
 
   StreamPtr& operator=(const StreamPtr& other)
   {
-    if (this == &other || stream == other.stream) return *this;
+    if (stream == other.stream) return *this;
     release();
     stream = other.stream;
     count = other.count;

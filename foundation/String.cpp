@@ -2,13 +2,13 @@
 
 #include <algorithm>
 #include <cctype>
-#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <istream>
 #include <ostream>
 #include <stdexcept>
+#include <string_view>
 #include <utility>
 
 #include "foundation/Allocate.h"
@@ -17,13 +17,11 @@
 
 namespace {
 
-constexpr unsigned int lineChunk = 128;  // characters that getLine takes from the stream at a time
-
 unsigned int TextLength(const char* text)
 {
   const std::size_t length = std::strlen(text);
-  if (length > MaximumLength) throw std::length_error("more than 4294967295 characters");
-  return static_cast<unsigned int>(length);
+  if (length != Low32(length)) throw std::length_error("more than 4294967295 characters");
+  return Low32(length);
 }
 
 unsigned char Byte(char ch) { return static_cast<unsigned char>(ch); }
@@ -65,7 +63,7 @@ String Joined(const char* a, unsigned int aLength, const char* b, unsigned int b
 
 String::String() : String("", 0) {}
 
-String::String(unsigned int n) : buffer(Allocate(AddLengths(n, 1))), len(0), capacity(n + 1) { buffer[0] = '\0'; }
+String::String(unsigned int n) : buffer(Allocate(AddLengths(n, 1))), len(0), capacity(n + 1) { clear(); }
 
 String::String(const char* s) : String(s, TextLength(s)) {}
 
@@ -102,18 +100,19 @@ String& String::assign(const char* p, unsigned int n)
   return *this;
 }
 
-void String::store(const char* p, unsigned int n)
+void String::end(unsigned int n)
 {
-  MoveBytes(buffer, p, n);
   len = n;
   buffer[len] = '\0';
 }
 
-void String::clear()
+void String::store(const char* p, unsigned int n)
 {
-  len = 0;
-  buffer[0] = '\0';
+  MoveBytes(buffer, p, n);
+  end(n);
 }
+
+void String::clear() { end(0); }
 
 char& String::operator[](int index)
 {
@@ -160,8 +159,7 @@ String& String::append(const char* p, unsigned int n)
   const SteadyBytes<char> added(p, n, buffer, capacity);
   reSize(AddLengths(len, n));
   MoveBytes(buffer + len, added.get(), n);
-  len += n;
-  buffer[len] = '\0';
+  end(len + n);
   return *this;
 }
 
@@ -193,18 +191,18 @@ String& String::insertText(unsigned int position, const char* p, unsigned int n)
 {
   const SteadyBytes<char> inserted(p, n, buffer, capacity);
   reSize(AddLengths(len, n));
-  MoveBytes(buffer + position + n, buffer + position, len - position + 1);
+  MoveBytes(buffer + position + n, buffer + position, len - position);
   MoveBytes(buffer + position, inserted.get(), n);
-  len += n;
+  end(len + n);
   return *this;
 }
 
 String& String::remove(unsigned int position, unsigned int count)
 {
-  if (position >= len) return *this;
-  const unsigned int removed = MIN(count, len - position);
-  MoveBytes(buffer + position, buffer + position + removed, len - position - removed + 1);
-  len -= removed;
+  const unsigned int start = MIN(position, len);
+  const unsigned int removed = MIN(count, len - start);
+  MoveBytes(buffer + start, buffer + start + removed, len - start - removed);
+  end(len - removed);
   return *this;
 }
 
@@ -219,8 +217,8 @@ void String::reSize(unsigned int n)
 
 String String::operator()(unsigned int start, unsigned int count) const
 {
-  if (start >= len) return String();
-  return String(buffer + start, MIN(count, len - start));
+  const unsigned int first = MIN(start, len);
+  return String(buffer + first, MIN(count, len - first));
 }
 
 String String::strStr(const String& s) const
@@ -258,39 +256,31 @@ String String::strTok(const String& delimiters)
 
 String& String::toLower()
 {
-  for (char* ch = buffer; ch < buffer + len; ch++) {
-    if (std::isupper(Byte(*ch))) *ch = static_cast<char>(std::tolower(Byte(*ch)));
-  }
+  std::transform(buffer, buffer + len, buffer, [](char ch) { return static_cast<char>(std::tolower(Byte(ch))); });
   return *this;
 }
 
 String& String::toUpper()
 {
-  for (char* ch = buffer; ch < buffer + len; ch++) {
-    if (std::islower(Byte(*ch))) *ch = static_cast<char>(std::toupper(Byte(*ch)));
-  }
+  std::transform(buffer, buffer + len, buffer, [](char ch) { return static_cast<char>(std::toupper(Byte(ch))); });
   return *this;
 }
 
 String& String::strip(int bothEnds)
 {
-  const char* first = buffer;
-  const char* last = buffer + std::strlen(buffer);
-  while (last > first && last[-1] == ' ') last--;
-  if (bothEnds != 0) {
-    while (first < last && *first == ' ') first++;
-  }
-  store(first, static_cast<unsigned int>(last - first));
+  const std::string_view view(buffer);
+  const std::size_t last = view.find_last_not_of(' ') + 1;  // 0 when there are only blanks
+  const std::size_t first = bothEnds != 0 ? std::min(view.find_first_not_of(' '), last) : 0;
+  store(buffer + first, static_cast<unsigned int>(last - first));
   return *this;
 }
 
 String& String::padBlanks(unsigned int width)
 {
-  if (width <= len) return *this;
-  reSize(width);
-  std::memset(buffer + len, ' ', width - len);
-  len = width;
-  buffer[len] = '\0';
+  const unsigned int padded = std::max(width, len);
+  reSize(padded);
+  std::memset(buffer + len, ' ', padded - len);
+  end(padded);
   return *this;
 }
 
@@ -326,7 +316,7 @@ String& String::print(const char* form, Number value)
   const int needed = std::max(std::snprintf(nullptr, 0, form, value), 0);
   PreAllocatedString text(static_cast<unsigned int>(needed));
   std::snprintf(text.buffer, text.capacity, form, value);
-  text.len = static_cast<unsigned int>(needed);
+  text.end(static_cast<unsigned int>(needed));
   swap(text);
   return *this;
 }
@@ -349,15 +339,15 @@ unsigned int String::AtoUI(int base) const { return static_cast<unsigned int>(At
 
 long String::AtoL(int base) const { return AtoI(base); }
 
-// strtoull negates what follows a minus in 64 bits; the magnitude decides whether 32 bits hold it.
+// strtoull negates what follows a minus in 64 bits; the magnitude decides whether 32 bits hold it. What passes 64 bits
+// comes as their largest number, whose low 32 bits are right too.
 unsigned long String::AtoUL(int base) const
 {
   const char* text = buffer;
   while (std::isspace(Byte(*text))) text++;
-  errno = 0;
   const unsigned long long value = std::strtoull(text, nullptr, base);
   const unsigned long long magnitude = *text == '-' ? 0 - value : value;
-  if (errno == ERANGE || magnitude > UINT32_MAX) return UINT32_MAX;
+  if (magnitude > UINT32_MAX) return UINT32_MAX;
   return static_cast<std::uint32_t>(value);
 }
 
@@ -377,15 +367,14 @@ std::istream& String::getLine(std::istream& stream, char delimiter, unsigned int
 {
   clear();
   while (!stream.fail()) {
-    const unsigned int room = MIN(lineChunk, longest - len);
-    if (room == 0) {
+    if (len == longest) {
       stream.setstate(std::ios_base::failbit);
       break;
     }
-    char chunk[lineChunk + 1];
-    stream.get(chunk, room + 1, delimiter);
-    append(chunk, static_cast<unsigned int>(stream.gcount()));
-    // get() reports an empty chunk as a failure; with input left it is only the delimiter that comes next.
+    reSize(len + 1);
+    stream.get(buffer + len, MIN(capacity, longest + 1) - len, delimiter);
+    end(len + static_cast<unsigned int>(stream.gcount()));
+    // get() reports an empty piece as a failure; with input left it is only the delimiter that comes next.
     if (stream.rdstate() == std::ios_base::failbit) stream.clear();
     if (!stream.good()) break;
     const auto next = stream.peek();
@@ -416,8 +405,7 @@ std::istream& String::get(std::istream& stream, unsigned int n)
   if (stream.fail()) return stream;
   reSize(n);
   stream.read(buffer, n);
-  len = static_cast<unsigned int>(stream.gcount());
-  buffer[len] = '\0';
+  end(static_cast<unsigned int>(stream.gcount()));
   return stream;
 }
 

@@ -103,7 +103,7 @@ class String {
   static int Compare(const char* a, unsigned int aLength, const char* b, unsigned int bLength);
 
   // Reads one line; the delimiter is consumed and not stored. A last line without one is a line. A line of more than
-  // `longest` bytes, and an end of input before any byte, set the stream's failure.
+  // `longest` bytes, at most longestText, and an end of input before any byte, set the stream's failure.
   std::istream& getLine(std::istream& stream, char delimiter, unsigned int longest = longestText);
   // Skips white space and reads up to the next white space, which stays in the stream.
   std::istream& getWord(std::istream& stream);
@@ -111,6 +111,8 @@ class String {
   std::istream& get(std::istream& stream, unsigned int n);
 
  private:
+  // Ends the text after n characters, which the block holds.
+  void end(unsigned int n);
   // Makes the n characters at p, which fit in the block and may lie in it, the whole text.
   void store(const char* p, unsigned int n);
   String& assignText(const char* p, unsigned int n);

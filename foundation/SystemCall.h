@@ -7,7 +7,8 @@
 template <class Call>
 auto Uninterrupted(Call call)
 {
-  auto result = call();
-  while (result < 0 && errno == EINTR) result = call();
-  return result;
+  for (;;) {
+    const auto result = call();
+    if (result >= 0 || errno != EINTR) return result;
+  }
 }

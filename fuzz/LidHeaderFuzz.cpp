@@ -6,11 +6,12 @@
 #include "headers/KespHeader.h"
 
 // The date and time that the digits of 6 bytes spell.
-static void CheckTime(const tm* time, const string& digits)
+static void CheckTime(tm* time, const string& digits)
 {
   const auto pair = [&](std::size_t byte) { return (digits[byte] >> 4 & 15) * 10 + (digits[byte] & 15); };
   Require(time->tm_year == pair(0) * 100 + pair(1) - 1900 && time->tm_mon == pair(2) - 1, "year, month");
   Require(time->tm_mday == pair(3) && time->tm_hour == pair(4) && time->tm_min == pair(5), "day, hour, minute");
+  Require(time->tm_sec++ == 0, "second");
 }
 
 static void CheckFile(KespHeader record, const string& file)

@@ -13,8 +13,8 @@ AsciiCharacter::AsciiCharacter(const ByteString& b) : text(FieldToText(b, Identi
 
 ByteString AsciiCharacter::toByteString() const
 {
-  boolean modified = false;
-  return toModifiedByteString(byteLength(), modified);
+  boolean ignored{};
+  return toModifiedByteString(byteLength(), ignored);
 }
 
 ByteString AsciiCharacter::toModifiedByteString(unsigned int n, boolean& modified) const

@@ -10,7 +10,6 @@ ByteString Convert(unsigned long value, unsigned long magnitude, unsigned int n,
 {
   modified = n == 0;
   ByteString field(n, fill);
-  if (n == 0) return field;
   UnsignedLongByteIterator lost(magnitude);
   UnsignedLongByteIterator byte(value);
   for (unsigned int place = n; place > 0 && byte.valid(); byte.next(), lost.next()) {

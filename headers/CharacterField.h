@@ -27,12 +27,12 @@ String FieldToText(const ByteString& field, Translation translate)
 }
 
 // The last four characters, or all when there are fewer, as a big-endian number of the values that `valueOf` gives
-// them, modulo 2^32.
+// them, modulo 2^32; what stands before them is shifted out.
 template <class ValueOf>
 unsigned int TextToNumber(const String& text, ValueOf valueOf)
 {
   unsigned int number = 0;
-  for (unsigned int i = text.length() > 4 ? text.length() - 4 : 0; i < text.length(); i++) {
+  for (unsigned int i = 0; i < text.length(); i++) {
     number = (number << 8) + static_cast<unsigned int>(valueOf(text[i]));
   }
   return number;

@@ -7,8 +7,8 @@ EbcdicCharacter::EbcdicCharacter(const ByteString& b) : text(FieldToText(b, Asci
 
 ByteString EbcdicCharacter::toByteString() const
 {
-  boolean modified = false;
-  return toModifiedByteString(byteLength(), modified);
+  boolean ignored{};
+  return toModifiedByteString(byteLength(), ignored);
 }
 
 ByteString EbcdicCharacter::toModifiedByteString(unsigned int n, boolean& modified) const

@@ -53,8 +53,8 @@ const Layout& ViewAs(const ByteString& bytes)
 template <std::size_t width>
 void StoreText(unsigned char (&field)[width], const String& text)
 {
-  boolean modified = false;
-  const ByteString encoded = EbcdicCharacter(text).toModifiedByteString(width, modified);
+  boolean ignored{};
+  const ByteString encoded = EbcdicCharacter(text).toModifiedByteString(width, ignored);
   std::memcpy(field, encoded.getBytePointer(), width);
 }
 

@@ -1,18 +1,19 @@
 #include "headers/ScnHdr.h"
 
+#include "foundation/Allocate.h"
+
 namespace {
 
 constexpr char source[] = "ScnHdr";
 
 constexpr unsigned int shortestForm = 16;
+constexpr unsigned int fullForm = sizeof(SCNHDR);
 
 SCNHDR& CastToStructSCNHDR(ByteString& bytes) { return ViewAs<SCNHDR>(bytes); }
 
 ByteString FilledUp(ByteString bytes)
 {
-  if (bytes.length() >= shortestForm && bytes.length() < sizeof(SCNHDR)) {
-    bytes += ByteString(static_cast<unsigned int>(sizeof(SCNHDR)) - bytes.length(), 0x00);
-  }
+  if (bytes.length() >= shortestForm) bytes += ByteString(fullForm - MIN(fullForm, bytes.length()), 0x00);
   return bytes;
 }
 

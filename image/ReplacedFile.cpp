@@ -152,7 +152,7 @@ std::optional<Reason> ReplacedFile::write(std::span<const unsigned char> bytes)
   }
   const auto length = static_cast<std::streamsize>(bytes.size());
   errno = EIO;  // for a file that takes nothing and does not say why
-  if (file.write(reinterpret_cast<const char*>(bytes.data()), length) != length) return failed("cannot write", errno);
+  if (!file.write(reinterpret_cast<const char*>(bytes.data()), length)) return failed("cannot write", errno);
   return std::nullopt;
 }
 

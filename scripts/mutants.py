@@ -2,8 +2,9 @@
 """Makes small faults in the code, one at a time, and tells which of them no test notices.
 
 Works on clones of the last commit in a temporary folder. The same commit, seed and count give the same faults. A fault
-that does not compile, or that leaves the programs as they were, is replaced by the next. docs/reliability.md may name
-faults whose effect nobody can see, one to a line (- `file`: `line` -> `faulty line`: why); they are counted apart.
+that does not compile, or from which the optimising compiler makes the same programs as without it, is replaced by the
+next. docs/reliability.md may name faults whose effect nobody can see, one to a line (- `file`: `line` -> `faulty
+line`: why); they are counted apart.
 """
 import argparse
 import bisect
@@ -130,8 +131,9 @@ class Worker:
         targets = [pathlib.Path(program).name for program in self.programs]
         self.make = ["cmake", "--build", self.build, "--target", *targets, "-j", str(build_jobs)]
         clone(self.tree)
-        subprocess.run(["cmake", "-S", self.tree, "-B", self.build, "-G", "Ninja", "-DCMAKE_CXX_FLAGS=-O0 -g0 -w",
-                        f"-DKELVRA_IMAGE={'ON' if with_image else 'OFF'}", "-DCMAKE_GTEST_DISCOVER_TESTS_DISCOVERY_MODE=PRE_TEST"], check=True, stdout=sys.stderr)
+        subprocess.run(["cmake", "-S", self.tree, "-B", self.build, "-G", "Ninja", "-DCMAKE_CXX_FLAGS=-w",
+                        "-DCMAKE_BUILD_TYPE=Release", f"-DKELVRA_IMAGE={'ON' if with_image else 'OFF'}",
+                        "-DCMAKE_GTEST_DISCOVER_TESTS_DISCOVERY_MODE=PRE_TEST"], check=True, stdout=sys.stderr)
         subprocess.run(self.make, check=True, stdout=sys.stderr)
         shutil.copytree(self.build, self.clean)
         begin = time.monotonic()
@@ -170,7 +172,7 @@ class Worker:
         if subprocess.run(self.make, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL).returncode != 0:
             result = "not compiled"
         elif all(filecmp.cmp(self.build / program, self.clean / program, shallow=False) for program in self.programs):
-            result = "without effect"
+            result = "same code"
         else:
             result = self.test(fault.file, self.time_limit)
         file.write_text(text)
@@ -181,7 +183,7 @@ class Worker:
 
 
 def try_faults(faults, count, jobs, folder, with_image):
-    """Tries faults until `count` of them compiled and had an effect; yields each with its result and its seconds."""
+    """Tries faults until `count` of them compiled to other code; yields each with its result and its seconds."""
     workers = queue.Queue()
     build_jobs = max(1, (os.cpu_count() or 1) // jobs)
 
@@ -199,7 +201,7 @@ def try_faults(faults, count, jobs, folder, with_image):
         waiting = iter(faults)
         while batch := list(itertools.islice(waiting, count)):
             for fault, result, seconds in pool.map(run, batch):
-                count -= result not in ("not compiled", "without effect")
+                count -= result not in ("not compiled", "same code")
                 yield fault, result, seconds
 
 
@@ -245,10 +247,10 @@ def main():
                 print(shown if result == "survived" else f"named: {shown}", flush=True)
             counts[result] += 1
             print(f"[{counts.total()}] {result}, {seconds:.1f} s: {shown}", file=sys.stderr, flush=True)
-    tried = counts.total() - counts["not compiled"] - counts["without effect"]
+    tried = counts.total() - counts["not compiled"] - counts["same code"]
     print(f"{tried} tried: {counts['seen'] + counts['too long']} seen ({counts['too long']} by the time limit), "
           f"{counts['survived']} survived, {counts['named']} named; {counts['not compiled']} not compiled, "
-          f"{counts['without effect']} without effect on the programs; {time.monotonic() - begin:.0f} s")
+          f"{counts['same code']} same code; {time.monotonic() - begin:.0f} s")
 
 
 if __name__ == "__main__":

@@ -9,7 +9,7 @@
 #include "foundation/String.h"
 
 // In bytes: 1 GiB, so that a message that quotes a line stays below the length of a String.
-inline constexpr unsigned int longestSourceLine = 1U << 30;
+inline constexpr unsigned int longestSourceLine = 0x40000000;
 
 // Hands each line to the visitor. Returns 0, or 1 when the stream has failed, as it does at a line or a source that
 // memory cannot hold; the half line before a failure is dropped.

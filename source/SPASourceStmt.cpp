@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "foundation/Allocate.h"
 #include "foundation/PreAllocatedString.h"
 
 namespace {
@@ -11,11 +12,9 @@ boolean IsWhiteSpace(char ch) { return ch == ' ' || (ch >= 0x09 && ch <= 0x0D); 
 template <class Test>
 unsigned int SkipWhile(const String& text, unsigned int start, Test test)
 {
-  const unsigned int length = text.length();
   const char* characters = text;
-  unsigned int i = start;
-  while (i < length && test(characters[i])) i++;
-  return std::min(i, length);
+  const char* end = characters + text.length();
+  return static_cast<unsigned int>(std::find_if_not(characters + MIN(start, text.length()), end, test) - characters);
 }
 
 unsigned int LabelStart(const String& text) { return skipcolon(text, skipstar(text, skipbang(text, 0))); }
@@ -26,8 +25,8 @@ SPASourceStmt::SPASourceStmt(const String& line) : text(removeWS(line)) {}
 
 int SPASourceStmt::isStmt() const
 {
-  if (text.empty()) return 0;
-  return text[0] == ':' || text[0] == '*' || text[0] == '!' ? 1 : 0;
+  const char first = *static_cast<const char*>(text);
+  return first == ':' || first == '*' || first == '!' ? 1 : 0;
 }
 
 int SPASourceStmt::isComment() const { return text.empty() || text(0, 2) == "(*" ? 1 : 0; }
@@ -40,8 +39,7 @@ String SPASourceStmt::getLabel() const
 
 String SPASourceStmt::getValue() const
 {
-  const unsigned int start = skipPeriod(text, skipLabel(text, 0));
-  return text(start, text.length() - start);
+  return text(skipPeriod(text, skipLabel(text, LabelStart(text))), text.length());
 }
 
 String removeWS(const String& text)

@@ -10,6 +10,7 @@ TEST(ByteStringTest, GrowthAddsTheOldBlockToTheRequest)
   const unsigned char* const block = b.getBytePointer();
   b.clear();
   b = Bytes("01 02 03 04 05 06 07");
+  b.reSize(7);
   EXPECT_EQ(b.getBytePointer(), block);
   b.reSize(8);
   EXPECT_NE(b.getBytePointer(), block);

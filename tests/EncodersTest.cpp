@@ -57,12 +57,12 @@ TEST(WordTest, NumberLandsBigEndianAtTheEndOfTheFieldAndTellsOfLostBytesOfItsMag
   ExpectField(Word(0xFFFFFFFEUL), 5, "00 ff ff ff fe", false);
   ExpectField(Word(0x100001234UL), 2, "12 34", false);
   ExpectField(Word(), 1, "00", false);
-  ExpectField(Word(0UL), 0, "", true);
+  ExpectField(Word(0L), 5, "00 00 00 00 00", false);
   ExpectField(Word(0x1234L), 1, "34", true);
   ExpectField(Word(-1L), 0, "", true);
   ExpectField(Word(-2L), 6, "ff ff ff ff ff fe", false);
   ExpectField(Word(-128L), 1, "80", false);
-  ExpectField(Word(-129L), 1, "7f", false);
+  ExpectField(Word(-255L), 1, "01", false);
   ExpectField(Word(-256L), 1, "00", true);
   ExpectField(Word(-0x80000000L), 4, "80 00 00 00", false);
   ExpectField(Word(0xFFFFFFFFL), 5, "ff ff ff ff ff", false);

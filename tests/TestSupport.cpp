@@ -1,12 +1,16 @@
 #include "tests/TestSupport.h"
 
 #include <fcntl.h>
+#include <malloc.h>
 #include <spawn.h>
 #include <sys/wait.h>
 
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
+
+// New blocks are filled, so that no test passes by the zeros that happen to be in them.
+static const int filled = mallopt(M_PERTURB, 0x5A);
 
 std::string Raw(std::string_view hex)
 {
@@ -66,11 +70,11 @@ void ExpectRun(const TemporaryFolder& folder, std::vector<std::string> arguments
 {
   const TemporaryFolder streams;
   const std::string outFile = streams.write("out", ""), errFile = streams.write("err", "");
-  std::string tool = KELVRA_EXECUTABLE, timeZone = "TZ=" + zone;
+  std::string tool = KELVRA_EXECUTABLE, timeZone = "TZ=" + zone, filledBlocks = "MALLOC_PERTURB_=90";
   std::vector<char*> argv = {tool.data()};
   for (std::string& argument : arguments) argv.push_back(argument.data());
   argv.push_back(nullptr);
-  char* environment[] = {timeZone.data(), nullptr};
+  char* environment[] = {timeZone.data(), filledBlocks.data(), nullptr};
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
   posix_spawn_file_actions_addopen(&actions, 0, "/dev/null", O_RDONLY, 0);
