@@ -131,9 +131,11 @@ std::uint64_t ImageFile::findLidLength() const
   return Number(ruLength);
 }
 
-// As the tool takes it: of version 2, the length that it says; of others, the fixed part and the phylum data.
+// As the tool takes it, from the LID's own bytes: of version 2, the length that it says; of others, the fixed part and
+// the phylum data.
 std::uint64_t ImageFile::findLidHeaderLength()
 {
+  if (records.lidLength < sizeof(KESPHDR)) return 0;
   const std::uint64_t lid = records.lidOffset();
   readFront(lid + sizeof(KESPHDR));
   if (bytes(lid, sizeof(KESPHDR)).size() < sizeof(KESPHDR)) return 0;
@@ -142,7 +144,8 @@ std::uint64_t ImageFile::findLidHeaderLength()
     const std::uint64_t length = number(lid + offsetof(KESPHDR, headerLength), 4);
     return length < sizeof(KESPHDR::magicNumber) ? 0 : std::min<std::uint64_t>(length, sizeof(KESPHDR));
   }
-  const std::uint64_t length = sizeof(KESPHDR) + number(lid + offsetof(KESPHDR, phylumLength), 2);
+  const std::uint64_t phylumEnd = sizeof(KESPHDR) + number(lid + offsetof(KESPHDR, phylumLength), 2);
+  const std::uint64_t length = std::min(phylumEnd, records.lidLength);
   readFront(lid + length);
   return length;
 }

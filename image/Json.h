@@ -1,5 +1,5 @@
 // What the commands found, as JSON for programs: one object with a line end, described by
-// docs/kelvra-image.schema.json. Bytes that are no UTF-8 become U+FFFD.
+// share/kelvra/kelvra-image.schema.json. Bytes that are no UTF-8 become U+FFFD.
 #pragma once
 
 #include <string>

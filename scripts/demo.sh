@@ -8,7 +8,7 @@ cmake --build --preset release --target kelvra kelvra-image
 
 mkdir -p build/demo
 export TZ=UTC0
-PATH=$PWD/build/release:$PATH
+PATH=$PWD/build/${KELVRA_BUILD_FOLDER-}release:$PATH
 cd build/demo
 cp ../../examples/part.kesp ../../examples/part.lidhdr ../../examples/controller.vpdinfo .
 run() {
