@@ -57,6 +57,7 @@ declare -A commands=(
   [verify]="./kelvra-image verify lid.ruhx -l lid.kesp"
   [1000 kelvra]="$(type -P xargs) -a names -P2 -I{} ./kelvra -l modules/{}.kesp -o out/{}.ruhx"
   [1000 cp]="$(type -P xargs) -a names -P2 -I{} $(type -P cp) modules/{}.kesp out/{}.ruhx"
+  [1000 build]="$(type -P xargs) -a names -I{} ./kelvra-image build -l modules/{}.kesp -o out/{}.ruhx --depfile out/{}.d"
 )
 declare -A outputs=([cat]=./out/lid.ruhx) runs medians
 
@@ -153,8 +154,11 @@ for number in $(seq -w 0 999); do
   echo "m$number"
   echo "$statements" >"modules/m$number.lidhdr"
 done >names
-runs=(["1000 kelvra"]=2 ["1000 cp"]=2)
-measure "1000 kelvra" "1000 cp"
+commands[1000 build on all]="${commands[1000 build]/names /names -P$(nproc) }"
+runs=(["1000 kelvra"]=2 ["1000 cp"]=2 ["1000 build"]=2 ["1000 build on all"]=2)
+measure "1000 kelvra" "1000 cp" "1000 build" "1000 build on all"
 kelvra=${medians[1000 kelvra]} cp=${medians[1000 cp]}
 echo "1,000 load modules of 4 KiB, two at a time (xargs -P2): kelvra $(calculate "$kelvra") s," \
   "cp $(calculate "$cp") s, ratio $(calculate "$kelvra / $cp")"
+echo "build with a depfile, images a second: $(calculate "1000 / ${medians[1000 build]}") one at a time," \
+  "$(calculate "1000 / ${medians[1000 build on all]}") on $(nproc) cores"
