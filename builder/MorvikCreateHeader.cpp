@@ -1,7 +1,5 @@
 #include "builder/MorvikCreateHeader.h"
 
-#include <optional>
-
 #include "builder/Keywords.h"
 #include "builder/Morvik.h"
 #include "foundation/Allocate.h"
@@ -13,26 +11,24 @@ namespace {
 
 constexpr unsigned int headersLength = sizeof(VPDHDR) + sizeof(RUSSD);
 
-// The value that the row's field is set to; nothing when the field stays as it is.
-std::optional<String> ValueOf(const KeywordRow& row, const SourceKind& kind)
+// Sets the row's field to the value that was given, or to the one that it has without; some fields stay as they are.
+int SetKeywordField(Headers& headers, const KeywordRow& row, const SourceKind& kind)
 {
-  if (SPAOption::StringValid(row.keyword) == 1) {
-    String value = SPAOption::GetStringValue(row.keyword);
-    if (value.empty() && row.emptyValue == EmptyValue::ignored) return std::nullopt;
-    return value;
+  const String keyword(row.keyword);
+  if (SPAOption::StringValid(keyword) == 1) {
+    const String value = SPAOption::GetStringValue(keyword);
+    if (value.empty() && row.emptyValue == EmptyValue::ignored) return success;
+    return row.set(headers, value);
   }
   const char* value = row.kindWhenNotGiven != nullptr ? kind.*row.kindWhenNotGiven : row.whenNotGiven;
-  if (value == nullptr) return std::nullopt;
-  return value;
+  return value != nullptr ? row.set(headers, value) : success;
 }
 
 int SetKeywordFields(Headers& headers, const SourceKind& kind)
 {
   for (const KeywordRow& row : KeywordRows()) {
     if (row.set == nullptr) continue;
-    const auto value = ValueOf(row, kind);
-    if (!value) continue;
-    if (const int code = row.set(headers, *value)) return code;
+    if (const int code = SetKeywordField(headers, row, kind)) return code;
   }
   return success;
 }

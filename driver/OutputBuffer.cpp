@@ -10,12 +10,13 @@
 
 namespace {
 
-#ifdef __SANITIZE_ADDRESS__
-#define KELVRA_PLAIN_BLOCKS
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define KELVRA_PLAIN_BLOCKS
-#endif
+// A sanitizer would not see an overrun into the rest of a huge page.
+#ifdef __clang__
+constexpr boolean plainBlocks = __has_feature(address_sanitizer);
+#elif defined(__SANITIZE_ADDRESS__)
+constexpr boolean plainBlocks = true;
+#else
+constexpr boolean plainBlocks = false;
 #endif
 
 constexpr std::size_t hugePage = 0x200000;
@@ -28,13 +29,11 @@ static_assert(OnHugePages(0x7FFFF) == 0 && OnHugePages(0x80000) == 0x200000 && O
 // `length` bytes, or null.
 unsigned char* AllocateForOutput(std::size_t length)
 {
-#ifndef KELVRA_PLAIN_BLOCKS  // a sanitizer would not see an overrun into the rest of a huge page
-  if (const std::size_t onHugePages = OnHugePages(length)) {
+  if (const std::size_t onHugePages = plainBlocks ? 0 : OnHugePages(length)) {
     void* memory = std::aligned_alloc(hugePage, std::max(length, onHugePages));
     ::madvise(memory, onHugePages, MADV_HUGEPAGE);
     return static_cast<unsigned char*>(memory);
   }
-#endif
   return static_cast<unsigned char*>(std::malloc(length));
 }
 

@@ -1,5 +1,7 @@
 #include "foundation/FileName.h"
 
+#include "foundation/Allocate.h"
+
 FileName::FileName(const String& source) { setSource(source); }
 
 FileName::FileName(const String& newLibrary, const String& newQualifier, const String& newMember,
@@ -42,7 +44,8 @@ void Extract(const String& source, String& library, String& qualifier, String& m
 
 String Build(const String& library, const String&, const String& member, const String& extension)
 {
-  String source(library);
+  String source(AddLengths(AddLengths(library.length(), member.length()), AddLengths(extension.length(), 2)));
+  source += library;
   if (!source.empty() && source[source.length() - 1] != '/') source += '/';
   source += member;
   if (!extension.empty()) {

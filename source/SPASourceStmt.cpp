@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "foundation/Allocate.h"
-#include "foundation/PreAllocatedString.h"
 
 namespace {
 
@@ -44,7 +43,7 @@ String SPASourceStmt::getValue() const
 
 String removeWS(const String& text)
 {
-  PreAllocatedString squeezed(text.length());
+  String squeezed(text.length());
   const char* characters = text;
   unsigned int start = 0;
   while (start < text.length()) {
