@@ -125,10 +125,16 @@ fi
 mkdir ../safe && echo old >../old
 start() { rm -rf ../safe/* ../safe/.[!.]* && case $1 in old) cp ../old ../safe/x ;; esac; }
 left() {  # what stands in the folder, in a word
-  case $(ls -A ../safe) in
+  local names i
+  for ((i = 0; i < 100; i++)); do
+    names=$(ls -A ../safe)
+    [[ $names == *.kelvra-* ]] || break
+    sleep 0.05  # for the child that renames
+  done
+  case $names in
     '') echo none ;;
     x) if cmp -s ../safe/x ../old; then echo old; elif cmp -s ../safe/x big.ruhx; then echo new; else echo wrong; fi ;;
-    *) ls -A ../safe ;;
+    *) echo "$names" ;;
   esac
 }
 for before in none old; do
@@ -152,7 +158,6 @@ for signal in KILL TERM; do
     for ((i = 0; i < 60; i++)); do
       start $before
       timeout --foreground -s $signal "0.0$((RANDOM % 3))$((RANDOM % 9 + 1))" "$image" build -l big.kesp -o ../safe/x
-      sleep 0.002  # for the child that renames
       ended=$(left) seen[$ended]=1
       [[ $ended == "$before" || $ended == new ]] || fail "killed by $signal, $before: $ended"
     done
@@ -178,7 +183,7 @@ stop() {  # stop SIGNAL: kills the run in the background when the temporary name
 if strace -o /dev/null true 2>/dev/null; then
   start old
   slowly -e inject=rename:delay_enter=1000000 &
-  stop KILL; sleep 1.5
+  stop KILL
   expect 'killed between link and rename' new "$(left)"
   start old; (slowly -e inject=rename:error=EIO) 2>stderr; expect 'a failing rename' 2,old "$?,$(left)"
   (slowly -e trace=openat)
