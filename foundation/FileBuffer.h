@@ -45,8 +45,6 @@ class FileDescriptor {
   int number = none;
 };
 
-inline constexpr std::size_t fileBlockSize = 4096;  // bytes
-
 class FileReadBuffer : public std::streambuf {
  public:
   // `mode` are the bits of std::ios_base::openmode.
@@ -68,7 +66,7 @@ class FileReadBuffer : public std::streambuf {
   FileDescriptor file;
   FileStatus openStatus;
   off_t readEnd = 0;  // position in the file of what the next read brings
-  std::array<char, fileBlockSize> block;
+  std::array<char, 4096> block;
 };
 
 // Opens a file for output as it stands, with all that it holds.
@@ -97,5 +95,5 @@ class FileWriteBuffer : public std::streambuf {
  private:
   FileDescriptor file;
   std::optional<FileStatus> oldStatus;
-  std::array<char, fileBlockSize> block;
+  std::array<char, 512> block;  // smaller than any image, so that each is written from where it stands
 };
