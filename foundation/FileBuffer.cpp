@@ -86,7 +86,7 @@ FileReadBuffer::FileReadBuffer(const String& name, int mode)
 FileReadBuffer::int_type FileReadBuffer::underflow()
 {
   if (gptr() == egptr()) {
-    const std::streamsize got = file.read(block.begin(), block.size());
+    const std::streamsize got = file.read(block.begin(), std::ssize(block));
     readEnd += got;
     setg(block.begin(), block.begin(), block.begin() + got);
     if (got == 0) return traits_type::eof();
