@@ -214,6 +214,8 @@ def check_cmake(project):
         project.builds('generated inputs, nothing to do', set())
         project.touch(project.folder / f'from.{kind}')
         project.builds(f'generated {kind}', {'made'}, '[comment-like]')
+    run(project.folder, *project.command, 'clean')
+    expect(f'{project.system}: clean leaves', [], list(project.images.rglob('*.ruhx*')))
     project.file.write_text(text)
     generator = SYSTEMS[project.system][2]
     for root, program, found in [(project.prefix, 'NEVER', []),

@@ -102,5 +102,5 @@ function(kelvra_add_image target)
     COMMENT "Making ${arg_OUTPUT}"
     VERBATIM)
   add_custom_target(${target} ALL DEPENDS "${image}")
-  set_target_properties(${target} PROPERTIES KELVRA_IMAGE "${image}")
+  set_target_properties(${target} PROPERTIES KELVRA_IMAGE "${image}" ADDITIONAL_CLEAN_FILES "${image}.d")
 endfunction()
