@@ -8,7 +8,7 @@ class Morvik;
 
 // The VPD body begins at a multiple of this many bytes from the beginning of the header block.
 inline constexpr unsigned int headerBodyAlignment = 256;
-// Which is here, after the two headers and their zero fill.
+// With that alignment, after the two headers and their zero fill.
 inline constexpr unsigned int headerBodyOffset = 512;
 
 // Appends the header block to the builder's header. Returns 0, or the code of the first value that is refused, with

@@ -16,7 +16,7 @@ struct Assembly {
   std::optional<OutputBuffer> output;  // set by Assemble
 };
 
-// Whether the LID, which was opened, can be laid into an output: 0, or 33 or 32 as for Assemble.
+// Whether the LID was opened and can be laid into an output: 0, or 33 or 32 as for Assemble.
 int CheckLid(const Kelvra& app, const ReadFileStream& lid);
 
 // Reads the LID, has its front built, and lays both into the output. Returns 0, or the code of what stopped it: 33 LID

@@ -31,7 +31,7 @@ unsigned char* AllocateForOutput(std::size_t length)
 {
   if (const std::size_t onHugePages = plainBlocks ? 0 : OnHugePages(length)) {
     void* memory = std::aligned_alloc(hugePage, std::max(length, onHugePages));
-    ::madvise(memory, onHugePages, MADV_HUGEPAGE);
+    if (memory != nullptr) ::madvise(memory, onHugePages, MADV_HUGEPAGE);
     return static_cast<unsigned char*>(memory);
   }
   return static_cast<unsigned char*>(std::malloc(length));

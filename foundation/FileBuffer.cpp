@@ -135,9 +135,13 @@ FileWriteBuffer::FileWriteBuffer(const String& name, AsItStands)
 {
   setp(block.begin(), block.end());
   if (file.open(name, O_WRONLY | O_CREAT | O_EXCL) != EEXIST) return;
-  const int error = file.open(name, O_WRONLY);
-  if (error == 0) oldStatus = file.status();
-  if (error == ENOENT) file.open(name, O_WRONLY | O_CREAT);  // a link that led nowhere
+  int error = file.open(name, O_WRONLY);
+  const boolean ledNowhere = error == ENOENT;  // a link
+  if (ledNowhere) error = file.open(name, O_WRONLY | O_CREAT);
+  if (error != 0) return;
+  const FileStatus found = file.status();
+  // What is not empty was made by somebody else since.
+  if (!ledNowhere || found.size() != 0) oldStatus = found;
 }
 
 boolean FileWriteBuffer::empty()

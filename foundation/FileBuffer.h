@@ -80,7 +80,7 @@ class FileWriteBuffer : public std::streambuf {
   ~FileWriteBuffer() override;
 
   boolean isOpen() const { return file.isOpen(); }
-  // Whether the open made the file.
+  // Whether the open made the file, or found it empty at the end of a link that had led nowhere.
   boolean isNew() const { return !oldStatus; }
   // The status of a file that was there before, at the open.
   const FileStatus& status() const { return *oldStatus; }

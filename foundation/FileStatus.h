@@ -25,7 +25,8 @@ class FileStatus {
   // In bytes.
   std::uint64_t size() const { return static_cast<std::uint64_t>(status.st_size); }
   time_t modificationTime() const { return status.st_mtime; }
-  // False only when both are known to be different files, by device and inode, or when one of them is known not to be.
+  // False only when both are known to be different files, by device and inode, or when one of them is known not to
+  // exist.
   boolean mayBeSameFile(const FileStatus& other) const;
 
  private:

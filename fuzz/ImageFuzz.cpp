@@ -81,7 +81,7 @@ void ProveMade(FuzzInput input)
   inputs.utc = true;
   string made;
   {
-    const MessageCapture silence;
+    MessageCapture silence;
     const Kelvra run = MakeRun(inputs);
     Assembly assembly(run);
     if (Assemble(run, assembly) != 0) return;

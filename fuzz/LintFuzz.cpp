@@ -31,7 +31,7 @@ struct Folder {
 
 static int ToolsCode(const Inputs& inputs)
 {
-  const MessageCapture silence;
+  MessageCapture silence;
   const Kelvra run = MakeRun(inputs);
   ReadFileStream lid(run.lidFile, std::ios_base::in);
   ByteString begin;

@@ -14,13 +14,11 @@
 
 namespace {
 
-// What keeps the tool from reading the file, found by trying again.
-Reason WhyNotRead(const FileName& name)
+// What kept the tool from reading the file: what keeps it from that now, or else memory.
+Reason WhyNotRead(const FileName& file)
 {
-  InputFile again(ToText(name.getSource()));
-  unsigned char byte = 0;
-  if (!again.reason()) again.read(0, {&byte, 1});
-  return again.reason().value_or(Reason{again.name(), "cannot read", ENOMEM});
+  const std::string name = ToText(file.getSource());
+  return WhyUnread(name).value_or(Reason{name, "cannot read", ENOMEM});
 }
 
 // The file that made the tool's step end with the code; none when it was no file's fault.
@@ -109,7 +107,7 @@ class Making {
   DepsResult deps;
   std::optional<ReplacedFile> image;
   std::optional<ReplacedFile> depfile;
-  const MessageCapture capture;
+  MessageCapture capture;
 };
 
 BuildResult Making::make()
@@ -182,18 +180,14 @@ std::optional<Reason> Making::placeBoth()
 }
 
 // What keeps lint from going first: it must not take away what the build is to read, nor hide why that cannot be.
-std::optional<Reason> UnfitForLint(const Kelvra& run)
+std::optional<Reason> UnfitForLint(const Inputs& inputs)
 {
+  const Kelvra run = MakeRun(inputs);
   if (auto reason = UnreadVpdinfo(run)) return reason;
-  for (const FileName& name : {run.lidFile, run.ruvpdFile, run.vpdinfoFile}) {
-    const FileStatus status(name.getSource());
-    const bool isReadOnce = status.valid() && !status.isRegular() && !status.isDirectory();
-    if (isReadOnce)
-      return Reason{ToText(name.getSource()), "not a regular file: lint would read it before the build does"};
-  }
+  if (auto reason = FindReadOnce(inputs)) return reason;
   const InputFile source(ToText(run.ruvpdFile.getSource()));
-  if (!source.reason()) return std::nullopt;
-  return NotMade(ToText(run.outputFile.getSource()), source.reason());
+  if (source.reason()) return NotMade(ToText(run.outputFile.getSource()), source.reason());
+  return std::nullopt;
 }
 
 }  // namespace
@@ -202,13 +196,12 @@ BuildResult Build(const Inputs& inputs, const BuildOptions& options)
 {
   LintResult lint;
   if (options.lint) {
-    if (const auto reason = UnfitForLint(MakeRun(inputs))) return CouldNot(*reason);
+    if (const auto reason = UnfitForLint(inputs)) return CouldNot(*reason);
     lint = Lint(inputs, {});
   }
   const bool isRefused = std::ranges::any_of(
       lint.findings, [](const Finding& finding) { return finding.rule->severity == Severity::error; });
   if (isRefused) return {foundSomething, std::move(lint.findings), {}, {}};
-  if (lint.status == couldNot) return {couldNot, std::move(lint.findings), {}, std::move(lint.reasons)};
   BuildResult result = Making(inputs, options).make();
   result.findings = std::move(lint.findings);
   return result;

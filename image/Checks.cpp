@@ -298,8 +298,6 @@ std::uint64_t Checker::number(RecordId id, const char* name) const
 
 std::span<const CheckRow> CheckRows() { return checkRows; }
 
-const CheckRow& CheckOf(CheckId id) { return checkRows[static_cast<std::size_t>(id)]; }
-
 std::vector<CheckResult> CheckImage(const Image& image) { return Checker(image).run(); }
 
 Failure FieldFailure(const Record& record, const Field& field, const FieldValue& expected, const std::string& reason)

@@ -34,7 +34,6 @@ enum class CheckId {
 
 // In the order in which they are made, as CheckId counts them.
 std::span<const CheckRow> CheckRows();
-const CheckRow& CheckOf(CheckId id);
 
 // One thing that does not hold: of a field, or of the file when there is none.
 struct Failure {
@@ -48,7 +47,8 @@ struct Failure {
 
 struct CheckResult {
   const CheckRow* check;
-  bool made = true;  // false without the LID or the sources that it needs, or when the file ends before its fields
+  // False without what it needs: the LID, the sources, fields that the file holds whole, a date and time that are ones.
+  bool made = true;
   std::vector<Failure> failures;
   std::vector<std::string> remarks;  // what is no failure, but should be known
   std::vector<std::string> details;  // what may be known

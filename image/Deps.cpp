@@ -56,6 +56,14 @@ std::string EmptyRule(const std::string& name)
   return '\n' + EscapedInput(name) + (name.find('%') != std::string::npos ? ": ;\n" : ":\n");
 }
 
+// The reason when what the name stands for can be read once only.
+std::optional<Reason> ReadOnce(const String& name)
+{
+  const FileStatus status(name);
+  if (!status.valid() || status.isRegular() || status.isDirectory()) return std::nullopt;
+  return Reason{ToText(name), "not a regular file, and to be read more than once"};
+}
+
 }  // namespace
 
 DepsResult Deps(const Inputs& inputs)
@@ -64,7 +72,7 @@ DepsResult Deps(const Inputs& inputs)
   if (const auto reason = UnreadVpdinfo(run)) return {"", {}, {*reason}};
   Morvik builder;
   builder.setVpdinfoSource(run.vpdinfoFile);
-  const MessageCapture unsaid;
+  MessageCapture unsaid;
   // Any date and time: they name no file.
   if (builder.morvikParse(run.ruvpdFile.getSource(), "20000101", "000000") != success) {
     return {"", {}, {{ToText(run.ruvpdFile.getSource()), "not the name of a source"}}};
@@ -82,6 +90,18 @@ DepsResult DepsOf(const Kelvra& run, const std::vector<FileName>& sources)
   deps.inputs.push_back(ToText(run.lidFile.getSource()));
   for (const FileName& source : sources) deps.inputs.push_back(ToText(source.getSource()));
   return deps;
+}
+
+std::optional<Reason> FindReadOnce(const Inputs& inputs)
+{
+  const Kelvra run = MakeRun(inputs);
+  for (const FileName& name : {run.lidFile, run.ruvpdFile, run.vpdinfoFile}) {
+    if (auto reason = ReadOnce(name.getSource())) return reason;
+  }
+  for (const std::string& name : Deps(inputs).inputs) {
+    if (auto reason = ReadOnce(ToString(name))) return reason;
+  }
+  return std::nullopt;
 }
 
 std::vector<Reason> NamesOutsideDepfiles(const DepsResult& deps)

@@ -19,6 +19,9 @@ DepsResult Deps(const Inputs& inputs);
 // Those of a run whose sources are known.
 DepsResult DepsOf(const Kelvra& run, const std::vector<FileName>& sources);
 
+// The reason when one of them can be read once only, like a pipe.
+std::optional<Reason> FindReadOnce(const Inputs& inputs);
+
 // The names that GNU make or Ninja cannot read from a depfile.
 std::vector<Reason> NamesOutsideDepfiles(const DepsResult& deps);
 

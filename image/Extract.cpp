@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "foundation/FileStatus.h"
+#include "foundation/StandardString.h"
 #include "image/Image.h"
-#include "image/Inputs.h"
 #include "image/ReplacedFile.h"
 
 namespace {

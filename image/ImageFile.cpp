@@ -83,11 +83,6 @@ std::uint64_t ImageFile::offsetOf(RecordId record) const
   return 0;
 }
 
-ByteView ImageFile::field(RecordId record, const FieldRow& row) const
-{
-  return bytes(offsetOf(record) + FirstByte(row), ByteCount(row));
-}
-
 std::uint64_t ImageFile::number(std::uint64_t offset, std::uint64_t length) const
 {
   return Number(bytes(offset, length));
@@ -106,7 +101,9 @@ std::uint64_t ImageFile::findBlockLength()
 {
   const std::uint64_t count = number(offsetof(FILEHDR, numberOfOptionalHeaderBytes), 2);
   const std::uint64_t end = number(offsetof(FILEHDR, symbolTableOffset), 4);
-  const std::uint64_t lidLength = number(blockOffset + offsetof(VPDHDR, ruLength), 4);
+  const ByteView ruLength = bytes(blockOffset + offsetof(VPDHDR, ruLength), 4);
+  if (ruLength.size() < 4) return headerBodyOffset;
+  const std::uint64_t lidLength = Number(ruLength);
   const std::uint64_t byCount = count - sizeof(AUXILLARYHDR);
   const std::uint64_t byEnd = static_cast<std::uint32_t>(end - lidLength - blockOffset - sizeof(SCNHDR));
   const auto isPossible = [](std::uint64_t length) {

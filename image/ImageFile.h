@@ -30,8 +30,6 @@ class ImageFile : public InputFile {
   ByteView bytes(std::uint64_t offset, std::uint64_t length) const;
   // Where the record begins.
   std::uint64_t offsetOf(RecordId record) const;
-  // What the file holds of the field.
-  ByteView field(RecordId record, const FieldRow& row) const;
 
  private:
   void readFront(std::uint64_t length);

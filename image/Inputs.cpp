@@ -49,8 +49,8 @@ std::optional<Reason> FindUnopened(const std::vector<SourceFile>& sources)
 {
   const auto source = std::ranges::find(sources, false, &SourceFile::isOpened);
   if (source == sources.end()) return std::nullopt;
-  const InputFile again(ToText(source->name.getSource()));
-  return again.reason().value_or(Reason{again.name(), "cannot open"});
+  const std::string name = ToText(source->name.getSource());
+  return WhyUnread(name).value_or(Reason{name, "cannot open"});
 }
 
 std::optional<Reason> UnreadVpdinfo(const Kelvra& run)

@@ -201,8 +201,7 @@ std::string Json(const VerifyResult& verified, const Image& image)
       if (!result.made) object["notChecked"].push_back(result.check->name);
     }
   }
-  const bool isWhole = std::ranges::all_of(verified.checks, [](const CheckResult& c) { return c.failures.empty(); });
-  if (!image.file.reason()) object["status"] = statusNames[isWhole ? allWell : foundSomething];
+  object["status"] = statusNames[verified.status];
   if (!verified.reasons.empty()) object["reason"] = ReasonText(verified.reasons.front());
   return DumpImage(object);
 }

@@ -11,10 +11,10 @@ constexpr std::size_t mostWrong = 2;
 constexpr unsigned int longestText = 40;  // longer than any candidate by more than what may be wrong
 
 // How many characters are to be put in, taken out or exchanged to make one text of the other, neither longer than
-// longestText.
+// longestText by more than mostWrong.
 std::size_t Distance(std::string_view a, std::string_view b)
 {
-  std::array<std::size_t, longestText + 1> row;
+  std::array<std::size_t, longestText + mostWrong + 1> row;
   std::iota(row.begin(), row.end(), 0);
   for (std::size_t i = 0; i < a.size(); i++) {
     std::size_t diagonal = row[0]++;

@@ -84,8 +84,10 @@ const char* SeverityName(Severity severity)
 LintResult Lint(const Inputs& inputs, const std::vector<std::string>& disabled)
 {
   if (auto faults = UsageFaults(inputs, disabled); !faults.empty()) return {couldNot, {}, std::move(faults)};
+  const Kelvra run = MakeRun(inputs);
+  if (const auto reason = UnreadVpdinfo(run)) return {couldNot, {}, {*reason}};
   Findings findings(disabled);
-  LintRun(inputs, MakeRun(inputs), findings);
+  LintRun(inputs, run, findings);
   auto found = findings.take();
   return {StatusOf(found), std::move(found), {}};
 }

@@ -35,7 +35,7 @@ std::string Fault(const Kelvra& run, const LintedLid& lid, int code)
   const FileStatus& status = lid.stream.status();
   if (lid.stream.failure()) {
     const bool isOpen = status.valid() && !status.isDirectory();
-    return isOpen ? "cannot be read" + ReadError(run.lidFile) : OpenFault(run.lidFile);
+    return (isOpen ? "cannot be read" : "cannot be opened") + ReadError(run.lidFile);
   }
   return code == lidNotRead ? "is too large" : "has a size that is not known, not true, or too large";
 }

@@ -10,6 +10,7 @@
 
 #include "driver/KeptFiles.h"
 #include "image/KeywordSearch.h"
+#include "image/ReplacedFile.h"
 
 namespace {
 
@@ -17,16 +18,6 @@ constexpr const char* zoneFolder = "/usr/share/zoneinfo";
 
 // The names of UTC itself, which mean it with or without a file.
 constexpr std::string_view utcNames[] = {"UTC", "GMT", "UCT", "Universal", "Zulu", "Etc/UTC", "Etc/GMT"};
-
-// 0, or the errno value with which the output does not open for writing.
-int WriteError(const FileName& output, const FileStatus& status)
-{
-  if (!output.isValid() || status.isDirectory()) return EISDIR;
-  const String folder = output.getLibrary().empty() ? String(".") : output.getLibrary();
-  const int result = status.valid() ? ::faccessat(AT_FDCWD, output.getSource(), W_OK, AT_EACCESS)
-                                    : ::faccessat(AT_FDCWD, folder, W_OK | X_OK, AT_EACCESS);
-  return result == 0 ? 0 : errno;
-}
 
 // Whether the output is a file that the tool keeps. The tool compares with a LID that is open; in place of another one
 // stands an open source, since its name is compared anyway.
@@ -100,7 +91,8 @@ void LintOutput(const Kelvra& run, const ReadFileStream& lid, const std::vector<
 {
   const std::string name = ToText(run.outputFile.getSource());
   const FileStatus status(run.outputFile.getSource());
-  if (const int error = WriteError(run.outputFile, status)) {
+  const ReplacedFile output(ToText(run.outputFile.getSource()));
+  if (const int error = run.outputFile.isValid() ? output.openError() : EISDIR) {
     findings.add({.file = name,
                   .rule = &Rule("unwritable-output"),
                   .message = fmt::format("cannot be opened for writing: {}", std::strerror(error)),

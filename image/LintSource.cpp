@@ -1,7 +1,5 @@
 #include "image/LintSource.h"
 
-#include <unistd.h>
-
 #include <climits>
 #include <cstring>
 
@@ -37,7 +35,8 @@ LintedSource LintSource(const FileName& file, const ReportedSource* reported, bo
   LintedSource source = {SourceFile(file, stream), ToText(file.getSource()(0, PATH_MAX)), success, {}};
   if (stream.failure()) {
     AddFault(source, reported,
-             {Rule("missing-source"), &ReportedSource::openError, OpenFault(file), ", and silently counts as empty"},
+             {Rule("missing-source"), &ReportedSource::openError, "cannot be opened" + ReadError(file),
+              ", and silently counts as empty"},
              findings);
     return source;
   }
@@ -55,21 +54,8 @@ LintedSource LintSource(const FileName& file, const ReportedSource* reported, bo
   return source;
 }
 
-std::string OpenFault(const FileName& file)
-{
-  const String name = file.getSource();
-  int error = ENOENT;
-  if (!HoldsNul(name)) error = ::access(name, R_OK) != 0 ? errno : EISDIR;
-  return std::string("cannot be opened: ") + std::strerror(error);
-}
-
 std::string ReadError(const FileName& file)
 {
-  InputFile input(ToText(file.getSource()));
-  if (!input.reason()) {
-    unsigned char first[1];
-    input.read(0, first);
-  }
-  const int error = input.reason() ? input.reason()->error : 0;
-  return error != 0 ? std::string(": ") + std::strerror(error) : "";
+  const auto reason = WhyUnread(ToText(file.getSource()));
+  return reason && reason->error != 0 ? std::string(": ") + std::strerror(reason->error) : "";
 }

@@ -14,7 +14,5 @@ struct LintedSource {
 // The faults of a source are refused when it is reported, else a warning.
 LintedSource LintSource(const FileName& file, const ReportedSource* reported, bool restricted, Findings& findings);
 
-// Of a file that did not open for reading: that, and why, in the system's words.
-std::string OpenFault(const FileName& file);
-// The system's words, after a colon, for a file that opened and cannot be read; empty when there are none.
+// Why a file does not open, or cannot be read, in the system's words after a colon; empty when there are none.
 std::string ReadError(const FileName& file);

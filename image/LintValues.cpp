@@ -54,7 +54,7 @@ struct Reception {
 
 Reception Receive(const KeywordRow& row, const String& value)
 {
-  const MessageCapture capture;
+  MessageCapture capture;
   Headers headers;
   const int code = row.set(headers, value);
   return {code, !capture.lines().empty()};

@@ -7,7 +7,11 @@
 ListRow List(const Image& image)
 {
   const std::uint64_t vpd = image.file.offsetOf(RecordId::vpdHeader);
-  const auto bytes = [&](std::size_t offset, std::size_t length) { return image.file.bytes(vpd + offset, length); };
+  // Of a field that the file does not hold whole, nothing.
+  const auto bytes = [&](std::size_t offset, std::size_t length) {
+    const ByteView held = image.file.bytes(vpd + offset, length);
+    return held.size() == length ? held : ByteView();
+  };
   const ByteView loadId = bytes(offsetof(VPDHDR, ruLoadId), sizeof(VPDHDR::ruLoadId));
   ListRow row;
   if (!IsZero(loadId)) row.loadId = Hexadecimal(loadId);

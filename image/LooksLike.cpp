@@ -16,13 +16,6 @@ bool BeginsWith(std::string_view beginning, unsigned short magicNumber)
   return beginning.starts_with(std::string_view(magic, sizeof magic));
 }
 
-unsigned short ImageMagicNumber()
-{
-  FileHdr header(sizeof(FILEHDR));
-  header.setMagicNumber();
-  return header.getMagicNumber();
-}
-
 bool IsControl(char ch) { return (ch >= 0 && ch < ' ' && (ch < '\t' || ch > '\r')) || ch == 0x7F; }
 
 // Whether there are more control characters than a text has. What its other bytes mean, its encoding decides.
@@ -37,7 +30,7 @@ bool HoldsManyControls(std::string_view bytes)
 
 bool LooksLikeImage(std::string_view beginning)
 {
-  return beginning.size() >= sizeof(FILEHDR) && BeginsWith(beginning, ImageMagicNumber());
+  return beginning.size() >= sizeof(FILEHDR) && BeginsWith(beginning, FileHdr::objectMagicNumber);
 }
 
 bool LooksLikeLid(std::string_view beginning)

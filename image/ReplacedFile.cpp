@@ -10,8 +10,8 @@
 #include <climits>
 #include <cstdio>
 
+#include "foundation/StandardString.h"
 #include "foundation/SystemCall.h"
-#include "image/Inputs.h"
 
 namespace {
 
@@ -54,13 +54,16 @@ std::string NameOf(const FileDescriptor& file) { return "/proc/self/fd/" + std::
 
 int ErrorOf(int result) { return result == 0 ? 0 : errno; }
 
-// The access control list, where the file has one; 0 or an errno value.
+// The access control list; 0 or an errno value. From a file that has none, the new one must not have its folder's.
 int CopyAccessList(const std::string& from, int to)
 {
   constexpr const char* attribute = "system.posix_acl_access";
   std::array<char, 65536> list;
   const ssize_t length = ::getxattr(from.c_str(), attribute, list.data(), list.size());
-  if (length < 0) return 0;
+  if (length < 0) {
+    const bool hasNone = ::fremovexattr(to, attribute) == 0 || errno == ENODATA || errno == EOPNOTSUPP;
+    return hasNone ? 0 : errno;
+  }
   return ErrorOf(::fsetxattr(to, attribute, list.data(), static_cast<std::size_t>(length), 0));
 }
 
@@ -126,21 +129,18 @@ bool ReplacedFile::hasPlaceOf(const ReplacedFile& other) const
 
 std::optional<Reason> ReplacedFile::open()
 {
-  const char* what = kind == Kind::absent ? "cannot create" : "cannot write";
-  if (lookup != 0) return failed("cannot create", lookup);
-  int error = 0;
-  switch (kind) {
-    case Kind::absent:
-      error = ErrorOf(::faccessat(AT_FDCWD, folder().c_str(), W_OK | X_OK, AT_EACCESS));
-      break;
-    case Kind::regular:
-      error = ErrorOf(::faccessat(AT_FDCWD, targetName.c_str(), W_OK, AT_EACCESS));
-      break;
-    case Kind::other:
-      error = file.open(ToString(name), O_WRONLY | O_TRUNC);
-      break;
-  }
-  return failed(what, error);
+  int error = openError();
+  if (error == 0 && kind == Kind::other) error = file.open(ToString(name), O_WRONLY | O_TRUNC);
+  return failed(lookup != 0 || kind == Kind::absent ? "cannot create" : "cannot write", error);
+}
+
+int ReplacedFile::openError() const
+{
+  if (lookup != 0) return lookup;
+  if (S_ISDIR(old.st_mode)) return EISDIR;
+  if (S_ISSOCK(old.st_mode)) return ENXIO;
+  return ErrorOf(kind == Kind::absent ? ::faccessat(AT_FDCWD, folder().c_str(), W_OK | X_OK, AT_EACCESS)
+                                      : ::faccessat(AT_FDCWD, targetName.c_str(), W_OK, AT_EACCESS));
 }
 
 std::optional<Reason> ReplacedFile::write(std::span<const unsigned char> bytes)
@@ -189,19 +189,23 @@ std::optional<Reason> ReplacedFile::kept() const
   return kind == Kind::regular ? failed("cannot keep its permissions", keepPermissions()) : std::nullopt;
 }
 
-// Another user's file stays that user's, or at least its group's, where the operating system lets it.
+// Another user's file stays that user's, or at least its group's, where the operating system lets it. A new owner or
+// group does not get what the mode gave to the old one.
 int ReplacedFile::keepPermissions() const
 {
   const int descriptor = file.descriptor();
   struct stat made = {};
   if (::fstat(descriptor, &made) != 0) return errno;
-  if (made.st_uid != old.st_uid || made.st_gid != old.st_gid) {
-    static_cast<void>(::fchown(descriptor, old.st_uid, old.st_gid) == 0 ||
-                      ::fchown(descriptor, made.st_uid, old.st_gid) == 0);
+  const mode_t oldMode = old.st_mode & permissionBits;
+  mode_t mode = oldMode;
+  if ((made.st_uid != old.st_uid || made.st_gid != old.st_gid) && ::fchown(descriptor, old.st_uid, old.st_gid) != 0) {
+    if (made.st_uid != old.st_uid) mode &= ~mode_t{S_ISUID};
+    if (made.st_gid != old.st_gid && ::fchown(descriptor, made.st_uid, old.st_gid) != 0) {
+      mode &= ~mode_t{S_ISGID | S_IRWXG} | (mode & S_IRWXO) << 3;  // what all others get
+    }
   }
   if (const int error = CopyAccessList(targetName, descriptor)) return error;
-  if ((made.st_mode & permissionBits) == (old.st_mode & permissionBits)) return 0;
-  return ErrorOf(::fchmod(descriptor, old.st_mode & permissionBits));
+  return mode == oldMode && (made.st_mode & permissionBits) == mode ? 0 : ErrorOf(::fchmod(descriptor, mode));
 }
 
 int ReplacedFile::placeUnnamed()

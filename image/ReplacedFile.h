@@ -24,6 +24,8 @@ class ReplacedFile {
   const std::string& target() const { return targetName; }
   // Whether both would take the same place, whatever the names lead through.
   bool hasPlaceOf(const ReplacedFile& other) const;
+  // The errno value with which a plain open for writing would fail, as far as can be told without one, or 0.
+  int openError() const;
   // Fails where a plain open for writing would.
   std::optional<Reason> open();
   std::optional<Reason> write(std::span<const unsigned char> bytes);

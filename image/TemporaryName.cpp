@@ -14,7 +14,7 @@
 #include <cstdio>
 #include <ctime>
 
-#include "image/Inputs.h"
+#include "foundation/StandardString.h"
 
 namespace {
 

@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::size_t rawBytesShown = 16;
 
-// The bytes of reserved fields that are not zero in full, of others at most the first 16.
+// The bytes of the field, of a long one the first and two dots; nothing of a long reserved one.
 std::string RawText(const Field& field)
 {
   if (field.bytes.size() <= rawBytesShown) return Hexadecimal(field.bytes);

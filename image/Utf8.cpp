@@ -46,8 +46,6 @@ bool IsControl(char32_t code)
 
 }  // namespace
 
-std::size_t Utf8Length(std::string_view text) { return FirstCharacter(text).length; }
-
 std::string Escaped(std::string_view text)
 {
   std::string escaped;

@@ -68,11 +68,11 @@ MadeFront MakeFront(const Image& image, InputFile& lid, Kelvra& run)
     made.tookImageTime = true;
   }
   if (lid.size() > MaximumLength - FrontLength(run)) {
-    made.code = lidNotMeasured;
+    made.code = lid.size() > MaximumLength ? lidNotRead : lidNotMeasured;
     return made;
   }
-  const MessageCapture capture;
-  made.code = BuildFront(run, FileStatus(run.lidFile.getSource()), lidBegin, made.front);
+  MessageCapture capture;
+  made.code = BuildFront(run, lid.status(), lidBegin, made.front);
   for (const MessageCapture::Line& line : capture.lines()) made.lines.push_back(ToText(line.text));
   return made;
 }
@@ -114,7 +114,9 @@ void CheckInputs(const Image& image, const MadeFront& made, CheckResult& result)
   result.made = true;
   if (made.code != success) {
     Failure failure;
-    failure.message = fmt::format("kelvra refuses them with code {}: {}", made.code, fmt::join(made.lines, " "));
+    const char* before = made.lines.empty() ? "" : ": ";
+    failure.message =
+        fmt::format("kelvra refuses them with code {}{}{}", made.code, before, fmt::join(made.lines, " "));
     result.failures.push_back(std::move(failure));
     return;
   }
@@ -136,16 +138,27 @@ void CheckInputs(const Image& image, const MadeFront& made, CheckResult& result)
   if (made.tookImageTime) RemarkOnTime(result);
 }
 
+// Why a source does not open or cannot be read to its end.
+std::optional<Reason> FindUnread(const MadeFront& made)
+{
+  if (auto reason = FindUnopened(made.front.sources)) return reason;
+  if (made.code != ruvpdNotRead && made.code != vpdinfoNotRead) return std::nullopt;
+  const std::string name = ToText(made.front.sources.back().name.getSource());
+  return WhyUnread(name).value_or(Reason{name, "cannot read", ENOMEM});
+}
+
 void CheckWithInputs(Image& image, const Inputs& inputs, VerifyResult& verified)
 {
   const auto result = [&](CheckId id) -> CheckResult& { return verified.checks[static_cast<std::size_t>(id)]; };
   Kelvra run = MakeRun(inputs);
   InputFile lid(ToText(run.lidFile.getSource()));
   if (!lid.reason()) CheckPayload(image, lid, result(CheckId::payload));
-  if (!lid.reason() && !inputs.source.empty()) {
+  if (!inputs.source.empty() && UnreadVpdinfo(run)) {
+    verified.reasons.push_back(*UnreadVpdinfo(run));
+  } else if (!lid.reason() && !inputs.source.empty()) {
     const MadeFront made = MakeFront(image, lid, run);
-    if (const auto unopened = FindUnopened(made.front.sources)) {
-      verified.reasons.push_back(*unopened);
+    if (const auto unread = FindUnread(made)) {
+      verified.reasons.push_back(*unread);
     } else {
       CheckInputs(image, made, result(CheckId::inputs));
     }

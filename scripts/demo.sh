@@ -6,11 +6,12 @@ scripts/setup.sh
 cmake --preset release >/dev/null
 cmake --build --preset release --target kelvra kelvra-image
 
-mkdir -p build/demo
+build=$PWD/build/${KELVRA_BUILD_FOLDER-}
+mkdir -p "${build}demo"
+cp examples/part.kesp examples/part.lidhdr examples/controller.vpdinfo "${build}demo"
+cd "${build}demo"
 export TZ=UTC0
-PATH=$PWD/build/${KELVRA_BUILD_FOLDER-}release:$PATH
-cd build/demo
-cp ../../examples/part.kesp ../../examples/part.lidhdr ../../examples/controller.vpdinfo .
+PATH=${build}release:$PATH
 run() {
   echo "== $*"
   "$@"

@@ -1,5 +1,5 @@
 // The process's one table of keywords and values: the source reader fills it, the header builder asks it. It lives
-// from before main to the process's end; a run never empties it.
+// from before main to the process's end; no run of the tool empties it.
 #pragma once
 
 #include "foundation/String.h"
@@ -18,5 +18,6 @@ class SPAOption {
   static int StringValid(const String& label);
 };
 
-// The table itself, for tests and fuzzers, which empty it before they fill it. The program uses SPAOption only.
+// The table itself, for what makes several runs in one process and empties it before each: the companion, tests. The
+// tool uses SPAOption only.
 MapStringString& OptionTable();

@@ -39,7 +39,7 @@ TEST(BuilderTest, AGivenVpdinfoSourceIsNamedAndReadAsOneAndMessagesCanBeKept)
   OptionTable().clear();
   Morvik builder;
   {
-    const MessageCapture capture;
+    MessageCapture capture;
     EXPECT_EQ(builder.morvikParse(source, "20240115", "235959"), 0);
     EXPECT_EQ(Text(builder.nameSources()[1].getSource()), folder / "other.vpdinfo");
     builder.setVpdinfoSource(FileName(ToString(given)));

@@ -60,6 +60,7 @@ struct Row {
   Inputs inputs = {.lid = "part.kesp"};
 };
 
+const std::string kLongName(300, 'x');
 const std::string kLong = "controller.lidhdr";
 const std::string kNoHeader =
     "part.kesp: note: has no LID header: the build time is the file's modification time [no-lid-header]\n";
@@ -244,6 +245,10 @@ const Row fileRows[] = {
      "",
      "none/out: error: cannot be opened for writing: No such file or directory (code 34) [unwritable-output]\n",
      {.lid = "part.kesp", .image = "none/out"}},
+    {"",
+     "",
+     kLongName + ": error: cannot be opened for writing: File name too long (code 34) [unwritable-output]\n",
+     {.lid = "part.kesp", .image = kLongName}},
     {"", "", "other.vpdinfo: error: " + kNoVpdinfo, {.lid = "part.kesp", .vpdinfo = "other.vpdinfo"}},
     {"other",
      ":SWRTYPE.X",

@@ -22,7 +22,7 @@ cp part.kesp Long_name_of_a_unit.kesp
 for kind in pfginfo sfginfo vpdinfo other; do printf ':RUNAME.KIND\n:PRODUCTID.5770SS1\n' >unit.$kind; done
 echo ':PRODUCTID.5770SS1' >qel.vpdinfo
 echo ':RUDEST.NOWHERE' >refused.lidhdr && echo ':VPDINFONM.none' >no-info.lidhdr && echo ':RULOADID.XYZ' >told.lidhdr
-mkdir folder && ln -s part.kesp link && ln -s none/x dangling
+mkdir folder && ln -s part.kesp link && ln -s none/x dangling && echo ':VPDINFONM.pipe' >piped.lidhdr
 touch -d @1690000000 ./*.kesp bare
 cd .. || exit 1
 
@@ -66,7 +66,7 @@ done <<'END'
 END
 
 # What build refuses by itself, and what it says of it.
-cd good && cp ../good/part.kesp ../part.before
+cd good && cp ../good/part.kesp ../part.before && mkfifo pipe.vpdinfo
 while IFS='|' read -r options want said; do
   read -ra words <<<"$options"
   build "${words[@]}" >/dev/null; expect "code of $options" "$want" $?
@@ -75,6 +75,7 @@ done <<'END'
 -l part.kesp -r none.lidhdr -o x|2|x: not made: none.lidhdr: cannot open: No such file or directory
 -l part.kesp -r none.other -o x|2|x: not made: none.other: cannot open: No such file or directory
 -l part.kesp -r unit.sfginfo --vpdinfo qel.vpdinfo -o x|2|qel.vpdinfo: no place for a VPDINFO source: unit.sfginfo is read alone
+-l part.kesp -r piped.lidhdr --lint -o x|2|pipe.vpdinfo: not a regular file, and to be read more than once
 -l part.kesp --vpdinfo none -o x|60|x: not made: none: cannot open: No such file or directory
 -l none.kesp -o x|33|x: not made: none.kesp: cannot open: No such file or directory
 -l part.kesp -o nodir/x.ruhx|34|nodir/x.ruhx: cannot create: No such file or directory
@@ -109,6 +110,17 @@ for _ in new old; do
   expect 'a chain of links' 'deep/middle,../deep/end,0' "$(readlink chain),$(readlink deep/middle),$(cmp part.ruhx deep/end; echo $?)"
 done
 ln -s round round; expect 'a link to itself' 34 "$(code_of "$image" build -l part.kesp -o round)"
+mkdir listed && echo old >listed/x && chmod 640 listed/x
+list='import os, struct; rows = ((1, -1), (2, 9), (4, -1), (16, -1), (32, -1))
+os.setxattr("listed", "system.posix_acl_default", struct.pack("<I", 2) + b"".join(
+  struct.pack("<HHi", tag, 7, who) for tag, who in rows))'
+if python3 -c "$list" 2>/dev/null; then
+  build -l part.kesp -o listed/x
+  expect 'no other list than the old file had' '640 []' \
+    "$(stat -c %a listed/x) $(python3 -c 'import os; print(os.listxattr("listed/x"))')"
+else
+  echo 'skipped: no access control lists here'
+fi
 user=(setpriv --reuid=65534 --clear-groups)
 if "${user[@]}" "$tool" 2>&1 | grep -q Usage; then
   touch closed && chmod 777 deep && echo old >deep/writable && chmod 666 deep/writable && chmod 755 deep
@@ -117,6 +129,8 @@ if "${user[@]}" "$tool" 2>&1 | grep -q Usage; then
   expect 'no place for the temporary file' 2 "$(code_of "${user[@]}" "$image" build -l part.kesp -o deep/writable)"
   chmod 777 deep && chown 65534 deep/end && build -l part.kesp -o deep/end
   expect "another user's file" 65534 "$(stat -c %u deep/end)"
+  echo old >deep/other && chmod 6662 deep/other && "${user[@]}" --regid=65534 "$image" build -l part.kesp -o deep/other
+  expect "what was another group's" '622 65534' "$(stat -c '%a %g' deep/other)"
 else
   echo 'skipped: no other user here'
 fi

@@ -317,6 +317,9 @@ class ImageTest(unittest.TestCase):
 
     def test_what_cannot_be_done(self):
         (self.path / "empty").touch()
+        os.mkfifo(self.path / "pipe.vpdinfo")
+        (self.path / "piped.lidhdr").write_text(":VPDINFONM.pipe\n")
+        (self.path / "memory.lidhdr").symlink_to("/proc/self/mem")
         for words, reason in (
                 (["show", "nothing"], "nothing: cannot open: No such file or directory"),
                 (["list", "."], ".: cannot read: Is a directory"),
@@ -324,6 +327,14 @@ class ImageTest(unittest.TestCase):
                 (["diff", "part.ruhx", "part.kesp"], "part.kesp: not an image: another magic number"),
                 (["show"], "images is required; --help tells more"),
                 (["nonsense"], "nonsense: no such command; --help tells more"),
+                (["show", "x", "--x=\x1b"], "The following argument was not expected: --x=\\x1B; --help tells more"),
+                (["lint", "-l", "x", "-r", "x.sfginfo", "--vpdinfo", "y"],
+                 "y: no place for a VPDINFO source: x.sfginfo is read alone"),
+                (["lint", "--json"], "lint: needs -l or -r"),
+                (["verify", "part.ruhx", "part.ruhx", "-l", "part.kesp", "-r", "piped.lidhdr"],
+                 "pipe.vpdinfo: not a regular file, and to be read more than once"),
+                (["verify", "part.ruhx", "-l", "part.kesp", "-r", "memory.lidhdr"],
+                 "memory.lidhdr: cannot read: Input/output error"),
                 (["build", "-l", ""], "--lid: an empty file name; --help tells more"),
                 (["build", "-l", "x", "--timestamp", "010x"], "--timestamp: not a number of seconds: 010x; --help tells more"),
                 (["verify", "part.ruhx", "-l", "no\x1b\nne.kesp"],
@@ -331,6 +342,12 @@ class ImageTest(unittest.TestCase):
             with self.subTest(words):
                 run = self.run_image(*words)
                 self.assertEqual((run.returncode, run.stderr), (2, f"kelvra-image: {reason}\n"))
+        image = self.json(2, "verify", "part.ruhx", "-l", "none.kesp")["images"][0]
+        self.assertEqual((image["status"], image["reason"]), ("unreadable", "none.kesp: cannot open: No such file or directory"))
+        run = self.run_image("list", self.changed(self.bytes[:78]))
+        self.assertEqual((run.returncode, run.stderr), (1, "kelvra-image: changed.ruhx: not whole; verify tells more\n"))
+        (row,) = self.json(1, "list", "changed.ruhx")["images"]
+        self.assertEqual(row["loadId"], "")
         run = self.run_image("list", "nothing", "part.ruhx")
         self.assertEqual((run.returncode, run.stdout.split()[-1]), (2, "part.ruhx"))
         with open("/dev/full", "w") as full:

@@ -62,6 +62,18 @@ ln -s none.pfginfo nowhere/part.ruhx
 "$tool" -l nowhere/part.kesp -r nowhere/none.pfginfo -o nowhere/part.ruhx 2>/dev/null
 expect "link to nowhere" "0 605" "$? $(wc -c <nowhere/part.ruhx)"
 
+# Unless an input comes to stand there before the third open, which makes what the link leads to.
+inputs late
+ln -s target late/part.ruhx
+if strace -o /dev/null true 2>/dev/null; then
+  { sleep 0.2; ln late/part.lidhdr late/target; } &
+  refused late/part.lidhdr env ASAN_OPTIONS=detect_leaks=0 strace -o late/trace -P late/part.ruhx \
+    -e inject=openat:delay_enter=600000:when=3 "$tool" -l late/part.kesp -o late/part.ruhx
+  wait
+else
+  echo "skipped: no strace here"
+fi
+
 # The regular file behind standard error or standard output; the messages are all that comes into it.
 inputs behind
 "$tool" -l behind/part.kesp -o behind/log 2>behind/log
