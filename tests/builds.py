@@ -18,7 +18,7 @@ failed = False
 # Example, its build file, what configures and what builds it; and how its first image gets another source.
 SYSTEMS = {
     'make': ('make', 'Makefile', [], ['make', '-j3', 'KELVRA_IMAGE=../the prefix/bin/kelvra-image'],
-             ('app.ruhx:', 'boot.ruhx: KELVRA_SOURCE = loader.lidhdr  # blanks\napp.ruhx:')),
+             ('app.ruhx:', 'boot.ruhx: private KELVRA_SOURCE = loader.lidhdr  # blanks\napp.ruhx:')),
     'ninja': ('ninja', 'build.ninja', [], ['ninja', '-j3'],
               ('boot.kesp | $kelvra_image', 'boot.kesp | $kelvra_image\n  flags = -r loader.lidhdr')),
     'cmake, ninja': ('cmake', 'CMakeLists.txt', ['cmake', '-G', 'Ninja'], ['ninja', '-j3', '-C', 'build'],
@@ -170,8 +170,23 @@ def check_make(project):
     project.builds('generated source', IMAGES)
     project.touch(project.folder / 'loader.in')
     project.builds('generated source anew', {'boot', 'loader'})
+    # Inputs made by pattern rules, and an image in a folder that is not there yet, whose name begins with a dot.
+    for kind, made_from in [('kesp', 'bin'), ('lidhdr', 'in')]:
+        (project.folder / f'app.{kind}').rename(project.folder / f'app.{made_from}')
+    with project.file.open('a') as file:
+        file.write('../made/%.ruhx: private KELVRA_LID = $(@:../made/%.ruhx=%.kesp)\napp.kesp app.lidhdr:\n'
+                   '%.kesp: %.bin; cp $< $@\n%.lidhdr: %.in; cp $< $@\n')
+    project.images = project.folder / '../made'
+    for changed, wanted in [('', {'app'}), ('', set()), ('app.in', {'app'}), ('product.vpdinfo', {'app'})]:
+        if changed:
+            project.touch(project.folder / changed)
+        project.command.append('../made/app.ruhx')
+        code, said, made = project.run()
+        project.command.pop()
+        expect(f'pattern rules, {changed} touched ({said})', (0, wanted), (code, made))
     run(project.folder, 'make', 'clean')
-    (project.folder / 'app.lidhdr').unlink()
+    for name in ['app.in', 'app.lidhdr']:
+        (project.folder / name).unlink()
     said = run(project.folder, 'make', 'app.ruhx')[1]
     expect(f'no source at all ({said})', True, 'app.ruhx: not made: app.lidhdr: cannot open' in said)
 

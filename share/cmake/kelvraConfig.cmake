@@ -10,12 +10,12 @@
 #   VPDINFO    the VPDINFO source, when it is not the one beside the RUVPD source that VPDINFONM names, or when the
 #              build makes it
 #   OUTPUT     the image, relative to the current binary folder; else <target>.ruhx. The target's property KELVRA_IMAGE
-#              is its whole name.
+#              is its whole name; a command that uses the image depends on both.
 #   TIMESTAMP  the build time of a LID without a header, seconds since 1970; else the LID's modification time
 #   LINT       checks the sources first; an error there stops the build
 #
-# Inputs are relative to the current source folder or, when they are not there, to the current binary folder, where the
-# build makes them. An input may be a generator expression; when the LID is one, SOURCE must be given.
+# Inputs are relative to the current source folder or, when they are not there as CMake configures, to the current binary
+# folder, where the build makes them. A value that is empty counts as not given. An input may be a generator expression; when the LID is one, SOURCE must be given.
 cmake_minimum_required(VERSION 3.25)
 
 # In kelvra's own build the programs are targets already.

@@ -2,14 +2,15 @@
 # kelvra-image itself has changed.
 #
 #   all: boot.ruhx app.ruhx
-#   boot.ruhx: KELVRA_SOURCE = common.lidhdr    # the RUVPD source, when it is not boot.lidhdr
-#   boot.ruhx: KELVRA_LID = bin/boot.bin        # the LID, when it is not boot.kesp
-#   out/%.ruhx: KELVRA_LID = $(@:out/%.ruhx=%.kesp)
-#   app.ruhx: KELVRA_TIMESTAMP = 1767225600     # the build time of a LID without a header, seconds since 1970
-#   app.ruhx: KELVRA_FLAGS = --lint             # more options of kelvra-image build
+#   boot.ruhx: private KELVRA_SOURCE = common.lidhdr  # the RUVPD source, when it is not boot.lidhdr
+#   boot.ruhx: private KELVRA_LID = bin/boot.bin      # the LID, when it is not boot.kesp
+#   out/%.ruhx: private KELVRA_LID = $(@:out/%.ruhx=%.kesp)
+#   app.ruhx: private KELVRA_TIMESTAMP = 1767225600   # the build time of a LID without a header, seconds since 1970
+#   app.ruhx: private KELVRA_FLAGS = --lint           # more options of kelvra-image build
 #   include /usr/share/kelvra/kelvra.mk
 #
-# The include comes last: after it, make expands what a rule depends on twice. Names of images have no blanks.
+# "private" keeps them from what the image is made of, which may hold other images. The include comes last: after it,
+# make expands what a rule depends on twice. Names of images have no blanks, those of sources an extension.
 # Of files that make itself makes it must be told two things:
 #   boot.ruhx: product.vpdinfo                  # which images need a VPDINFO source
 #   boot.kesp:                                  # that a LID made by a pattern rule is not to be deleted in the end
@@ -26,7 +27,7 @@ kelvra_command = '$(KELVRA_IMAGE)' build --utc -l '$(kelvra_lid)' -r '$(kelvra_s
 
 # The last command is there only when it succeeded: what failed or was interrupted is tried again.
 define kelvra_build
-@mkdir -p '$(KELVRA_STATE)' && rm -f '$(kelvra_state).cmd' && \
+@mkdir -p '$(KELVRA_STATE)' '$(@D)' && rm -f '$(kelvra_state).cmd' && \
   printf '%s\n' '$(subst ','\'',$(kelvra_command))' >'$(kelvra_state).new'
 $(kelvra_command) && mv '$(kelvra_state).new' '$(kelvra_state).cmd'
 endef
@@ -37,7 +38,7 @@ kelvra_needs = $(kelvra_lid) $(kelvra_tool) $(if $(kelvra_same),,.kelvra-changed
 
 # The first goal remains the including makefile's.
 kelvra_goal := $(.DEFAULT_GOAL)
--include $(wildcard $(KELVRA_STATE)/*.d)
+-include $(wildcard $(KELVRA_STATE)/*.d $(KELVRA_STATE)/.*.d)
 .DEFAULT_GOAL := $(kelvra_goal)
 
 .DELETE_ON_ERROR:
@@ -45,6 +46,8 @@ kelvra_goal := $(.DEFAULT_GOAL)
 .SECONDEXPANSION:
 %.ruhx: $$(kelvra_needs) | $$(kelvra_source)
 	$(kelvra_build)
-# Without its inputs, so that kelvra-image says which is missing.
-%.ruhx: .kelvra-changed
+# Without its inputs, so that kelvra-image says which is missing: after make found no rules for them, as it looks for one
+# for the absent file then too.
+%.ruhx: %.kelvra-absent .kelvra-changed
 	$(kelvra_build)
+%.kelvra-absent: ; @:
