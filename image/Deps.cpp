@@ -98,7 +98,8 @@ std::optional<Reason> FindReadOnce(const Inputs& inputs)
   for (const FileName& name : {run.lidFile, run.ruvpdFile, run.vpdinfoFile}) {
     if (auto reason = ReadOnce(name.getSource())) return reason;
   }
-  for (const std::string& name : Deps(inputs).inputs) {
+  const DepsResult deps = Deps(inputs);  // the source may name one more
+  for (const std::string& name : deps.inputs) {
     if (auto reason = ReadOnce(ToString(name))) return reason;
   }
   return std::nullopt;
