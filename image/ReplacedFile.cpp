@@ -60,10 +60,7 @@ int CopyAccessList(const std::string& from, int to)
   constexpr const char* attribute = "system.posix_acl_access";
   std::array<char, 65536> list;
   const ssize_t length = ::getxattr(from.c_str(), attribute, list.data(), list.size());
-  if (length < 0) {
-    const bool hasNone = ::fremovexattr(to, attribute) == 0 || errno == ENODATA || errno == EOPNOTSUPP;
-    return hasNone ? 0 : errno;
-  }
+  if (length < 0) return errno != ENODATA || ::fremovexattr(to, attribute) == 0 || errno == ENODATA ? 0 : errno;
   return ErrorOf(::fsetxattr(to, attribute, list.data(), static_cast<std::size_t>(length), 0));
 }
 
