@@ -74,6 +74,10 @@ void FuzzLint(FuzzInput input)
     CheckTexts(finding);
     if (first == 0) first = finding.code;
   }
+  if (UnreadVpdinfo(MakeRun(inputs))) {
+    Require(lint.status == couldNot && lint.findings.empty(), "a VPDINFO source that is not read is refused");
+    return;
+  }
   Require(first == ToolsCode(inputs), "the first error's code is the tool's");
   Require(lint.status == 1 || first == 0, "an error is told by the status");
   Require(Json(lint).back() == '\n', "JSON can be made of all of it");
