@@ -32,6 +32,7 @@ std::string Join(const std::vector<std::string>& names)
   return text;
 }
 
+// Of a field that is held whole.
 std::uint64_t BitsOf(const FieldRow& row, ByteView bytes)
 {
   const std::uint64_t after = bytes.size() * 8 - row.bits.first % 8 - row.bits.width;
@@ -175,7 +176,8 @@ FieldValue Decode(const FieldRow& row, ByteView bytes)
 
 bool Differ(const FieldRow& row, ByteView one, ByteView other)
 {
-  if (row.bits.width != 0 && one.size() == other.size() && !one.empty()) return BitsOf(row, one) != BitsOf(row, other);
+  const bool areWhole = one.size() == ByteCount(row) && other.size() == ByteCount(row);
+  if (row.bits.width != 0 && areWhole) return BitsOf(row, one) != BitsOf(row, other);
   return !std::ranges::equal(one, other);
 }
 

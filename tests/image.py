@@ -258,6 +258,10 @@ class ImageTest(unittest.TestCase):
         run = self.run_image("diff", "old.ruhx", "part.ruhx")
         self.assertEqual(run.stdout, "fileHeader.timeDate: 1773480360 -> 1773476760\nLID: the same\n"
                                      "note: built in two time zones: UTC+00:00 and UTC+01:00\n")
+        for name, end in (("one.ruhx", b"\0"), ("two.ruhx", b"\1")):  # within a flag of two bytes
+            (self.path / name).write_bytes(self.bytes[:106] + end)
+        (difference,) = self.json(1, "diff", "one.ruhx", "two.ruhx")["differences"]
+        self.assertEqual((difference["field"], difference["values"]), ("vpdHeader.flags1.reserved4", ["00", "01"]))
         (self.path / "longer.ruhx").write_bytes(self.bytes[:700] + b"X" + self.bytes[701:] + b"Y")
         result = self.json(1, "diff", "old.ruhx", "longer.ruhx")
         self.assertEqual(result["payload"], {"same": False, "lengths": [287, 288], "first": 100})
