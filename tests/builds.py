@@ -60,8 +60,9 @@ class Project:
             expect(f'{system}: configured ({said})', 0, code)
 
     def touch(self, path):
-        # Later than every file of the project, whatever a tick of the clock is.
-        newest = max(file.stat().st_mtime_ns for file in self.folder.rglob('*') if file.is_file())
+        # Later than every file of the project and every image, whatever a tick of the clock is.
+        files = [*self.folder.rglob('*'), *self.images.rglob('*')]
+        newest = max(file.stat().st_mtime_ns for file in files if file.is_file())
         path.touch()
         while path.stat().st_mtime_ns <= newest:
             os.utime(path)
