@@ -21,15 +21,13 @@ using InputFile = FileStream<std::istream, FileReadBuffer>;
 
 }  // namespace
 
-WriteFileStream::WriteFileStream(const FileName& name, int mode)
-    : WriteStream(new OutputFile(name, mode)), owned(stream)
-{}
+WriteFileStream::WriteFileStream(const FileName& name, int mode) : WriteStream(new OutputFile(name, mode)) {}
 
 WriteFileStream::WriteFileStream(const FileName& name, const String&) : WriteFileStream(name, std::ios_base::out) {}
 
-WriteFileStream::WriteFileStream(const FileName& name, AsItStands how)
-    : WriteStream(new OutputFile(name, how)), owned(stream)
-{}
+WriteFileStream::WriteFileStream(const FileName& name, AsItStands how) : WriteStream(new OutputFile(name, how)) {}
+
+WriteFileStream::~WriteFileStream() { delete stream; }
 
 boolean CautiousWriteFileStream::isNew() const { return static_cast<const OutputFile*>(stream)->buffer.isNew(); }
 
@@ -43,9 +41,11 @@ void CautiousWriteFileStream::empty()
   if (!static_cast<OutputFile*>(stream)->buffer.empty()) setFailure();
 }
 
-ReadFileStream::ReadFileStream(const FileName& name, int mode) : ReadStream(new InputFile(name, mode)), owned(stream) {}
+ReadFileStream::ReadFileStream(const FileName& name, int mode) : ReadStream(new InputFile(name, mode)) {}
 
 ReadFileStream::ReadFileStream(const FileName& name, const String&) : ReadFileStream(name, std::ios_base::in) {}
+
+ReadFileStream::~ReadFileStream() { delete stream; }
 
 const FileStatus& ReadFileStream::status() const { return static_cast<const InputFile*>(stream)->buffer.status(); }
 

@@ -3,8 +3,6 @@
 // takes no part.
 #pragma once
 
-#include <memory>
-
 #include "foundation/FileBuffer.h"
 #include "foundation/FileName.h"
 #include "foundation/FileStatus.h"
@@ -16,12 +14,10 @@ class WriteFileStream : public WriteStream {
  public:
   WriteFileStream(const FileName& name, int mode);
   WriteFileStream(const FileName& name, const String& text);
+  ~WriteFileStream() override;
 
  protected:
   WriteFileStream(const FileName& name, AsItStands how);
-
- private:
-  const std::unique_ptr<std::ostream> owned;
 };
 
 // An output file that stays as it is until it is emptied, so that its opener can first see which file it is.
@@ -41,11 +37,9 @@ class ReadFileStream : public ReadStream {
  public:
   ReadFileStream(const FileName& name, int mode);
   ReadFileStream(const FileName& name, const String& text);
+  ~ReadFileStream() override;
 
   // The file's status when it was opened, and as it is now.
   const FileStatus& status() const;
   FileStatus statusNow() const;
-
- private:
-  const std::unique_ptr<std::istream> owned;
 };

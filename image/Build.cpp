@@ -14,13 +14,6 @@
 
 namespace {
 
-// What kept the tool from reading the file: what keeps it from that now, or else memory.
-Reason WhyNotRead(const FileName& file)
-{
-  const std::string name = ToText(file.getSource());
-  return WhyUnread(name).value_or(Reason{name, "cannot read", ENOMEM});
-}
-
 // The file that made the tool's step end with the code; none when it was no file's fault.
 std::optional<Reason> FileAtFault(int code, const Assembly& assembly, const Kelvra& run)
 {

@@ -196,7 +196,7 @@ int RunVerify(Arguments& arguments)
   if (arguments.files.size() > 1 && !arguments.inputs.source.empty()) {
     if (const auto reason = FindReadOnce(arguments.inputs)) {
       PrintReason(*reason);
-      return int{couldNot};
+      return couldNot;
     }
   }
   return ForEachImage(arguments, "verify", [&](Image& image) {

@@ -1,6 +1,7 @@
 #include "image/Inputs.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <charconv>
 #include <cstdlib>
 #include <ctime>
@@ -43,6 +44,12 @@ Kelvra MakeRun(const Inputs& inputs)
   run.buildTime = inputs.timestamp;
   run.nameFiles();
   return run;
+}
+
+Reason WhyNotRead(const FileName& file)
+{
+  const std::string name = ToText(file.getSource());
+  return WhyUnread(name).value_or(Reason{name, "cannot read", ENOMEM});
 }
 
 std::optional<Reason> FindUnopened(const std::vector<SourceFile>& sources)

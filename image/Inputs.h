@@ -32,6 +32,9 @@ std::optional<Reason> TakeSourceDateEpoch(Inputs& inputs);
 // is to be UTC, and empties the option table.
 Kelvra MakeRun(const Inputs& inputs);
 
+// What kept the tool from reading the file: what keeps it from that now, or else memory.
+Reason WhyNotRead(const FileName& file);
+
 // Why the first source that the tool could not open does not open; nothing when all were opened.
 std::optional<Reason> FindUnopened(const std::vector<SourceFile>& sources);
 

@@ -1,8 +1,6 @@
 #include "image/LintNames.h"
 
-#include <fcntl.h>
 #include <fmt/format.h>
-#include <unistd.h>
 
 #include <cctype>
 #include <cstdlib>
@@ -91,7 +89,7 @@ void LintOutput(const Kelvra& run, const ReadFileStream& lid, const std::vector<
 {
   const std::string name = ToText(run.outputFile.getSource());
   const FileStatus status(run.outputFile.getSource());
-  const ReplacedFile output(ToText(run.outputFile.getSource()));
+  const ReplacedFile output(name);
   if (const int error = run.outputFile.isValid() ? output.openError() : EISDIR) {
     findings.add({.file = name,
                   .rule = &Rule("unwritable-output"),

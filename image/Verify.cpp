@@ -143,8 +143,7 @@ std::optional<Reason> FindUnread(const MadeFront& made)
 {
   if (auto reason = FindUnopened(made.front.sources)) return reason;
   if (made.code != ruvpdNotRead && made.code != vpdinfoNotRead) return std::nullopt;
-  const std::string name = ToText(made.front.sources.back().name.getSource());
-  return WhyUnread(name).value_or(Reason{name, "cannot read", ENOMEM});
+  return WhyNotRead(made.front.sources.back().name);
 }
 
 void CheckWithInputs(Image& image, const Inputs& inputs, VerifyResult& verified)
@@ -153,8 +152,9 @@ void CheckWithInputs(Image& image, const Inputs& inputs, VerifyResult& verified)
   Kelvra run = MakeRun(inputs);
   InputFile lid(ToText(run.lidFile.getSource()));
   if (!lid.reason()) CheckPayload(image, lid, result(CheckId::payload));
-  if (!inputs.source.empty() && UnreadVpdinfo(run)) {
-    verified.reasons.push_back(*UnreadVpdinfo(run));
+  const auto unusedVpdinfo = inputs.source.empty() ? std::nullopt : UnreadVpdinfo(run);
+  if (unusedVpdinfo) {
+    verified.reasons.push_back(*unusedVpdinfo);
   } else if (!lid.reason() && !inputs.source.empty()) {
     const MadeFront made = MakeFront(image, lid, run);
     if (const auto unread = FindUnread(made)) {
